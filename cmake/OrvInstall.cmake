@@ -1,0 +1,20 @@
+# Installs every library with its headers, a CMake package (find_package(Orv)) and a pkg-config file (orv.pc).
+include(CMakePackageConfigHelpers)
+
+get_property(libraries GLOBAL PROPERTY ORV_LIBRARIES)
+install(TARGETS ${libraries} EXPORT OrvTargets
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+foreach(library IN LISTS libraries)
+  get_target_property(folder ${library} SOURCE_DIR)
+  file(RELATIVE_PATH room ${PROJECT_SOURCE_DIR} ${folder})
+  install(DIRECTORY ${folder}/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orv/${room} FILES_MATCHING PATTERN "*.h")
+endforeach()
+
+install(EXPORT OrvTargets NAMESPACE Orv:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Orv)
+configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/OrvConfig.cmake.in ${PROJECT_BINARY_DIR}/OrvConfig.cmake
+  INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Orv)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/OrvConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/OrvConfig.cmake ${PROJECT_BINARY_DIR}/OrvConfigVersion.cmake
+  DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Orv)
+configure_file(${PROJECT_SOURCE_DIR}/cmake/orv.pc.in ${PROJECT_BINARY_DIR}/orv.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/orv.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -1,0 +1,19 @@
+// UTF-16 text, the form in which all text enters and leaves the system.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace rtl {
+
+using UnicodeString = std::u16string;
+
+// The code unit of s at the 0-based index, and U+0000 before the start and at or past the end. Scanners that look ahead
+// for a terminating zero read through it, so no text makes them read outside it.
+constexpr char16_t UnitAt(std::u16string_view s, std::int64_t index) {
+  return index >= 0 && index < static_cast<std::int64_t>(s.size()) ? s[static_cast<std::size_t>(index)] : u'\0';
+}
+
+}  // namespace rtl

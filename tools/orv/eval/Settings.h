@@ -1,0 +1,35 @@
+// The settings of a request: laid over the defaults for that request alone.
+#pragma once
+
+#include "rtl/FormatSettings.h"
+#include "tools/orv/eval/Arguments.h"
+#include "unicode/OrvSystem.GlobalSettings.h"
+
+namespace orv::eval {
+
+// Holds the process-wide settings at the request's values while it lives, and puts the former ones back. Raises
+// BadRequest, changing nothing, when the request's settings cannot be read.
+class TSettingsScope {
+ public:
+  explicit TSettingsScope(const TArguments& request);
+  ~TSettingsScope();
+  TSettingsScope(const TSettingsScope&) = delete;
+  TSettingsScope& operator=(const TSettingsScope&) = delete;
+
+ private:
+  struct TState {
+    TOrvGlobalSettings::TMathOrder EquationOrder = TOrvGlobalSettings::TMathOrder::LeftToRight;
+    TOrvGlobalSettings::TArabicDigitType ArabicDigitType = TOrvGlobalSettings::TArabicDigitType::ArabicDigitType1;
+    TOrvGlobalOptions Options;
+    TOrvEditorOptions EditorOptions;
+    TOrvCorrections Corrections = AllCorrections;
+    rtl::TFormatSettings FormatSettings;
+  };
+  static TState Current();
+  static void Put(const TState& state);
+  static TState Read(const TJson& settings);
+
+  TState FFormer;
+};
+
+}  // namespace orv::eval

@@ -4,6 +4,7 @@ add_library(orv_build_flags INTERFACE)
 target_compile_options(orv_build_flags INTERFACE
   -Wall -Wextra -Wconversion -Wshadow
   $<$<BOOL:${ORV_WERROR}>:-Werror>
+  $<$<CXX_COMPILER_ID:Clang>:-fconstexpr-steps=16777216>  # tables of 65536 entries are made at compile time
   -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
 if(ORV_SANITIZE)
   target_compile_options(orv_build_flags INTERFACE -fsanitize=${ORV_SANITIZE} -fno-omit-frame-pointer)

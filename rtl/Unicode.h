@@ -1,9 +1,9 @@
 // The Unicode property service: what the Unicode Character Database says of a code point.
 //
-// Every function takes any 32-bit value. A value above U+10FFFF is unassigned (TUnicodeCategory::Cn) and maps to itself;
-// a surrogate is Cs, so a lone one is no letter. Pure functions over constant tables; callable from any thread.
-// Source: Unicode Character Database, version UnicodeDataVersion (UnicodeData.txt, PropList.txt), turned into
-// rtl/UnicodeTables.inc by tools/ucd/make_tables.py.
+// Every function takes any 32-bit value. A value above U+10FFFF is unassigned (TUnicodeCategory::Cn) and maps to
+// itself; a surrogate is Cs, so a lone one is no letter. Pure functions over constant tables; callable from any thread.
+// Source: Unicode Character Database, version UnicodeDataVersion (UnicodeData.txt, PropList.txt,
+// DerivedNumericValues.txt), turned into rtl/UnicodeData.h and rtl/UnicodeMappings.inc by tools/ucd/make_tables.py.
 #pragma once
 
 #include <cstdint>
@@ -15,9 +15,11 @@ inline constexpr std::uint32_t MaxCodePoint = 0x10FFFF;
 extern const std::string_view UnicodeDataVersion;  // for example "15.0.0"
 
 // General categories by their two-letter Unicode names. The order is this library's own.
+// clang-format off
 enum class TUnicodeCategory : std::uint8_t {
   Cc, Cf, Cn, Co, Cs, Ll, Lm, Lo, Lt, Lu, Mc, Me, Mn, Nd, Nl, No, Pc, Pd, Pe, Pf, Pi, Po, Ps, Sc, Sk, Sm, So, Zl, Zp, Zs
 };
+// clang-format on
 
 TUnicodeCategory GetUnicodeCategory(std::uint32_t codePoint);
 
@@ -35,9 +37,15 @@ bool IsSeparator(std::uint32_t codePoint);      // Zl, Zp, Zs
 bool IsSymbol(std::uint32_t codePoint);         // Sc, Sk, Sm, So
 bool IsWhiteSpace(std::uint32_t codePoint);     // the White_Space property
 
-constexpr bool IsHighSurrogate(std::uint32_t c) { return c >= 0xD800 && c <= 0xDBFF; }
-constexpr bool IsLowSurrogate(std::uint32_t c) { return c >= 0xDC00 && c <= 0xDFFF; }
-constexpr bool IsSurrogate(std::uint32_t c) { return c >= 0xD800 && c <= 0xDFFF; }
+constexpr bool IsHighSurrogate(std::uint32_t c) {
+  return c >= 0xD800 && c <= 0xDBFF;
+}
+constexpr bool IsLowSurrogate(std::uint32_t c) {
+  return c >= 0xDC00 && c <= 0xDFFF;
+}
+constexpr bool IsSurrogate(std::uint32_t c) {
+  return c >= 0xD800 && c <= 0xDFFF;
+}
 
 // The value of a digit, number or fraction (Numeric_Value); -1 for a code point that has none.
 double GetNumericValue(std::uint32_t codePoint);

@@ -7,6 +7,8 @@
 
 namespace rtl {
 
+// Raises EAssertionFailed with "MESSAGE (FILE, line LINE)". The build maps source paths to ones that start at the root
+// of the tree, so the text is the same on every machine. For ORV_ASSERT alone.
 [[noreturn]] void AssertionFailed(std::string_view message, const char* file, int line);
 
 }  // namespace rtl

@@ -1,4 +1,8 @@
-// The exceptions of the system. Each knows its class name, so that a caller can report it without type information.
+// The exceptions of the system. Each knows its class name, so that a caller can report it without type information:
+//
+//   try { ... } catch (const rtl::Exception& e) { Report(e.ClassName(), e.what()); }
+//
+// Catch by reference, or the class name is lost. what() is UTF-8.
 #pragma once
 
 #include <stdexcept>

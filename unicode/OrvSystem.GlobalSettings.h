@@ -12,30 +12,30 @@ namespace orv {
 
 // Switches of the engine, by their bit number in TOrvGlobalOptions.
 enum class TOrvGlobalOption : std::uint8_t {
-  ReplaceQuoteWithPrimeInMeasures = 0,   // the layout runs the prime replacement on each run
-  MeasureSignsInRightSideOfDigits = 1,   // tests the digits of right-to-left text for a measure ("5 km")
-  PrimeInRightSideOfDigits = 2,          // the same test, and a quote right behind a number passes it
-  PercentInRightSideOfDigits = 3,        // a percent sign right behind a number passes that test; alone it has no effect
-  DigitsBeforeLatinAreLatin = 4,         // digits that run into a Latin word are left-to-right
-  EquationBeforeLatinIsLatin = 5,        // vocabulary only: the engine never tests it
+  ReplaceQuoteWithPrimeInMeasures = 0,  // the layout runs the prime replacement on each run
+  MeasureSignsInRightSideOfDigits = 1,  // tests the digits of right-to-left text for a measure ("5 km")
+  PrimeInRightSideOfDigits = 2,         // the same test, and a quote right behind a number passes it
+  PercentInRightSideOfDigits = 3,       // a percent sign right behind a number passes that test; alone it has no effect
+  DigitsBeforeLatinAreLatin = 4,        // digits that run into a Latin word are left-to-right
+  EquationBeforeLatinIsLatin = 5,       // vocabulary only: the engine never tests it
   NeutralsFollowStickedStrongDirections = 6,  // vocabulary only: the engine never tests it
-  RTLLineIndexOrder = 7,                 // a number that opens a line and has a list mark behind it stays with the
-                                         // right-to-left text; by the plain rules only together with
-                                         // DigitsBeforeLatinAreLatin (TOrvCorrection::LineIndex lifts that)
-  RTLDate = 8,                           // tests digits for a date; the test never passes with an ordinary separator
+  RTLLineIndexOrder = 7,                      // a number that opens a line and has a list mark behind it stays with the
+                                              // right-to-left text; by the plain rules only together with
+                                              // DigitsBeforeLatinAreLatin (TOrvCorrection::LineIndex lifts that)
+  RTLDate = 8,                              // tests digits for a date; the test never passes with an ordinary separator
   AcceptsLineFeedAsParagraphSeparator = 9,  // vocabulary only: CR and LF always end a paragraph
-  WeakFollowLineDirection = 10,          // vocabulary only: the engine never tests it
+  WeakFollowLineDirection = 10,             // vocabulary only: the engine never tests it
 };
 using TOrvGlobalOptions = rtl::TSet<TOrvGlobalOption, std::uint16_t>;
 
 // Where a rule, followed to the letter, would show a user something plainly wrong, a correction stands over it. All are
 // in force by default. docs/quirks.md shows each with an example.
 enum class TOrvCorrection : std::uint8_t {
-  OwnDirection,   // no run holds a letter of the other direction
-  LineEnds,       // a separator entry holds the line end and nothing else
-  LineIndex,      // RTLLineIndexOrder acts by itself
-  TatweelJoins,   // a tatweel joins to both sides
-  ZwjJoins,       // U+200D joins like a dual-joining letter without a form
+  OwnDirection,  // no run holds a letter of the other direction
+  LineEnds,      // a separator entry holds the line end and nothing else
+  LineIndex,     // RTLLineIndexOrder acts by itself
+  TatweelJoins,  // a tatweel joins to both sides
+  ZwjJoins,      // U+200D joins like a dual-joining letter without a form
 };
 using TOrvCorrections = rtl::TSet<TOrvCorrection, std::uint64_t>;
 inline constexpr TOrvCorrections AllCorrections{TOrvCorrection::OwnDirection, TOrvCorrection::LineEnds,

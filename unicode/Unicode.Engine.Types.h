@@ -16,11 +16,19 @@ namespace orv {
 enum class TBidi : std::uint8_t { LeftToRight, RightToLeft, ParagraphSeparator };
 
 namespace TBidiHelper {
-constexpr bool IsLeftToRight(TBidi bidi) { return bidi == TBidi::LeftToRight; }
-constexpr bool IsRightToLeft(TBidi bidi) { return bidi == TBidi::RightToLeft; }
-constexpr void SetRTL(TBidi& bidi, bool value) { bidi = value ? TBidi::RightToLeft : TBidi::LeftToRight; }
+constexpr bool IsLeftToRight(TBidi bidi) {
+  return bidi == TBidi::LeftToRight;
+}
+constexpr bool IsRightToLeft(TBidi bidi) {
+  return bidi == TBidi::RightToLeft;
+}
+constexpr void SetRTL(TBidi& bidi, bool value) {
+  bidi = value ? TBidi::RightToLeft : TBidi::LeftToRight;
+}
 // RightToLeft becomes LeftToRight; anything else, ParagraphSeparator too, becomes RightToLeft.
-constexpr void Toggle(TBidi& bidi) { SetRTL(bidi, bidi != TBidi::RightToLeft); }
+constexpr void Toggle(TBidi& bidi) {
+  SetRTL(bidi, bidi != TBidi::RightToLeft);
+}
 }  // namespace TBidiHelper
 
 // The direction that a caller asks of a paragraph. The byte is read as three flags (TParagraphBidiHelper), so values up
@@ -31,10 +39,16 @@ enum class TParagraphBidi : std::uint8_t { LeftToRight, RightToLeft, AutoLeftToR
 namespace TParagraphBidiHelper {
 enum class TBitValue : std::uint8_t { RTLDirection, AutoDirection, Neutral };
 
-constexpr unsigned Bits(TParagraphBidi bidi) { return static_cast<unsigned>(bidi); }
-constexpr unsigned Bit(TBitValue value) { return 1U << static_cast<unsigned>(value); }
+constexpr unsigned Bits(TParagraphBidi bidi) {
+  return static_cast<unsigned>(bidi);
+}
+constexpr unsigned Bit(TBitValue value) {
+  return 1U << static_cast<unsigned>(value);
+}
 
-constexpr bool GetIsAuto(TParagraphBidi bidi) { return bidi != TParagraphBidi::LeftToRight; }
+constexpr bool GetIsAuto(TParagraphBidi bidi) {
+  return bidi != TParagraphBidi::LeftToRight;
+}
 constexpr bool IsLeftToRight(TParagraphBidi bidi) {
   return (Bits(bidi) & (Bit(TBitValue::RTLDirection) | Bit(TBitValue::Neutral))) == 0;
 }
@@ -59,7 +73,9 @@ struct TRange {
 
   friend constexpr bool operator==(TRange, TRange) = default;
 };
-constexpr TRange Range(std::int32_t low, std::int32_t high) { return {low, high}; }
+constexpr TRange Range(std::int32_t low, std::int32_t high) {
+  return {low, high};
+}
 
 // The result of a split. Run I covers Offsets[I] up to but not including Offsets[I + 1]; runs may be empty.
 struct TDirectionalRuns {

@@ -7,7 +7,9 @@
 namespace orv::eval {
 namespace {
 
-std::string Quoted(std::string_view name) { return "'" + std::string(name) + "'"; }
+std::string Quoted(std::string_view name) {
+  return "'" + std::string(name) + "'";
+}
 
 bool IsIntegerIn(const TJson& value, std::int64_t low, std::int64_t high) {
   if (value.is_number_unsigned()) {

@@ -25,6 +25,16 @@ class BadRequest : public rtl::Exception {
 template <typename E>
 using TNamed = std::pair<std::string_view, E>;
 
+// The enumeration value that a word of the argument called name stands for.
+template <typename E, std::size_t N>
+E Named(std::string_view name, const TJson& word, const TNamed<E> (&names)[N]) {
+  if (!word.is_string()) throw BadRequest("'" + std::string(name) + "' must be a name");
+  const auto& wanted = word.get_ref<const std::string&>();
+  for (const auto& [known, value] : names)
+    if (known == wanted) return value;
+  throw BadRequest("'" + std::string(name) + "' has no value named '" + wanted + "'");
+}
+
 // A borrowed view of one request object. Readers without a default raise BadRequest where the argument is missing.
 class TArguments {
  public:
@@ -46,10 +56,7 @@ class TArguments {
 
   template <typename E, std::size_t N>
   E Enum(std::string_view name, const TNamed<E> (&names)[N]) const {
-    const std::string word = String(name);
-    for (const auto& [known, value] : names)
-      if (known == word) return value;
-    throw BadRequest("'" + std::string(name) + "' has no value named '" + word + "'");
+    return Named(name, At(name), names);
   }
 
  private:

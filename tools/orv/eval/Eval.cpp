@@ -13,7 +13,9 @@ namespace {
 // Deeper nesting than any request needs is refused, so that no line can exhaust the stack.
 constexpr int DepthLimit = 64;
 
-std::vector<std::span<const TOp>> OpTables() { return {TextOps()}; }
+std::vector<std::span<const TOp>> OpTables() {
+  return {TextOps()};
+}
 
 const TOp* FindOp(std::string_view name) {
   for (const auto table : OpTables())
@@ -72,8 +74,7 @@ void List(std::ostream& out) {
   for (const auto table : OpTables())
     for (const TOp& op : table) width = std::max(width, op.Name.size());
   for (const auto table : OpTables())
-    for (const TOp& op : table)
-      out << op.Name << std::string(width + 2 - op.Name.size(), ' ') << op.Arguments << '\n';
+    for (const TOp& op : table) out << op.Name << std::string(width + 2 - op.Name.size(), ' ') << op.Arguments << '\n';
 }
 
 }  // namespace orv::eval

@@ -9,7 +9,7 @@ template <typename TSetType, typename E, std::size_t N>
 TSetType ReadSet(std::string_view setting, const TJson& names, const TNamed<E> (&table)[N]) {
   if (!names.is_array()) throw BadRequest("'" + std::string(setting) + "' must be an array of names");
   TSetType set;
-  for (const TJson& name : names) set.Include(TArguments({{setting, name}}).Enum(setting, table));
+  for (const TJson& name : names) set.Include(Named(setting, name, table));
   return set;
 }
 
@@ -51,7 +51,9 @@ TSettingsScope::TSettingsScope(const TArguments& request) : FFormer(Current()) {
   Put(request.Has("settings") ? Read(request.At("settings")) : TState());
 }
 
-TSettingsScope::~TSettingsScope() { Put(FFormer); }
+TSettingsScope::~TSettingsScope() {
+  Put(FFormer);
+}
 
 TSettingsScope::TState TSettingsScope::Current() {
   using S = TOrvGlobalSettings;

@@ -50,9 +50,15 @@ TJson CharactersCount(const TArguments& arguments) {
           {"CharactersCountEx", TDirectiveChars::CharactersCountEx(c)}};
 }
 
-void Primes(TUCS4List& list) { TUCS4ListHelper::ReplaceQuotesWithPrimes(list); }
-void Shape(TUCS4List& list) { TUCS4ListHelper::ChangeToComplexCharacters(list, true); }
-void Digits(TUCS4List& list) { TUCS4ListHelper::ChangeToArabicDigits(list); }
+void Primes(TUCS4List& list) {
+  TUCS4ListHelper::ReplaceQuotesWithPrimes(list);
+}
+void Shape(TUCS4List& list) {
+  TUCS4ListHelper::ChangeToComplexCharacters(list, true);
+}
+void Digits(TUCS4List& list) {
+  TUCS4ListHelper::ChangeToArabicDigits(list);
+}
 
 using TTransform = void (*)(TUCS4List&);
 constexpr TNamed<TTransform> TransformNames[] = {{"primes", Primes}, {"shape", Shape}, {"digits", Digits}};
@@ -62,10 +68,7 @@ TJson Transform(const TArguments& arguments) {
   const TJson& apply = arguments.At("apply");
   if (!apply.is_array()) throw BadRequest("'apply' must be an array of transforms");
   std::vector<TTransform> transforms;
-  for (const TJson& name : apply) {
-    const TJson one = {{"apply", name}};
-    transforms.push_back(TArguments(one).Enum("apply", TransformNames));
-  }
+  for (const TJson& name : apply) transforms.push_back(Named("apply", name, TransformNames));
   for (const TTransform transform : transforms) transform(list);
   return {{"codePoints", list}};
 }
@@ -99,6 +102,8 @@ constexpr TOp Ops[] = {
 
 }  // namespace
 
-std::span<const TOp> TextOps() { return Ops; }
+std::span<const TOp> TextOps() {
+  return Ops;
+}
 
 }  // namespace orv::eval

@@ -1,0 +1,171 @@
+#include "unicode/Unicode.Engine.Corrections.h"
+
+#include <algorithm>
+
+namespace orv::engine {
+namespace {
+
+// A part of a run that becomes a run of its own.
+struct TPiece {
+  std::int32_t End;
+  TBidi Bidi;
+};
+
+// Builds the runs anew, each former run giving any number of pieces that take its place in the visual order.
+class TRecutter {
+ public:
+  explicit TRecutter(const TDirectionalRuns& former) { FFirstPieces.reserve(former.Bidi.size() + 1); }
+
+  // Called once for each former run, in logical order, before its pieces.
+  void BeginRun() { FFirstPieces.push_back(FPieces.size()); }
+  void Add(std::int32_t end, TBidi bidi) { FPieces.push_back({end, bidi}); }
+
+  bool LineIsEmpty() const { return FPieces.empty() || FPieces.back().Bidi == TBidi::ParagraphSeparator; }
+  void ExtendLast(std::int32_t end) { FPieces.back().End = end; }
+
+  void PutInto(TDirectionalRuns& runs) {
+    BeginRun();
+    std::vector<std::int32_t> order;
+    order.reserve(FPieces.size());
+    for (const std::int32_t run : runs.VisualOrder) {
+      const auto index = static_cast<std::size_t>(run);
+      for (std::size_t piece = FFirstPieces[index]; piece < FFirstPieces[index + 1]; ++piece)
+        order.push_back(static_cast<std::int32_t>(piece));
+    }
+    runs.VisualOrder = std::move(order);
+    runs.Offsets.resize(1);
+    runs.Bidi.clear();
+    for (const TPiece& piece : FPieces) {
+      runs.Offsets.push_back(piece.End);
+      runs.Bidi.push_back(piece.Bidi);
+    }
+  }
+
+ private:
+  std::vector<TPiece> FPieces;
+  std::vector<std::size_t> FFirstPieces;  // by former run
+};
+
+// The end of the line end that begins at the place; the place itself where none begins.
+std::int32_t LineEndBehind(const TText& text, std::int32_t place) {
+  const char16_t c = text[place];
+  if (IsLineFeedOrReturn(c)) return text.At(place + 1) == u'\n' ? place + 2 : place + 1;
+  return ClassOf(c).In(LineSeparators) ? place + 1 : place;
+}
+
+// Keeps the entries of each line together in the visual order, its separator last, where a cut has made new lines.
+void OrderByLines(TDirectionalRuns& runs) {
+  std::vector<std::int32_t> keys;
+  keys.reserve(runs.Bidi.size());
+  std::int32_t line = 0;
+  for (const TBidi bidi : runs.Bidi) {
+    const bool separator = bidi == TBidi::ParagraphSeparator;
+    keys.push_back(2 * line + (separator ? 1 : 0));
+    if (separator) ++line;
+  }
+  const auto before = [&](std::int32_t a, std::int32_t b) {
+    return keys[static_cast<std::size_t>(a)] < keys[static_cast<std::size_t>(b)];
+  };
+  if (!std::is_sorted(runs.VisualOrder.begin(), runs.VisualOrder.end(), before))
+    std::stable_sort(runs.VisualOrder.begin(), runs.VisualOrder.end(), before);
+}
+
+// The direction of a letter; ParagraphSeparator for any other unit.
+TBidi LetterDirection(char16_t c) {
+  const TUnitClass kind = ClassOf(c);
+  if (!kind.IsLetter()) return TBidi::ParagraphSeparator;
+  if (kind.IsRTL()) return TBidi::RightToLeft;
+  return kind.IsLTR() ? TBidi::LeftToRight : TBidi::ParagraphSeparator;
+}
+
+constexpr TCategories Marks{TCategory::Mc, TCategory::Me, TCategory::Mn};
+
+bool HoldsForeignLetter(const TText& text, std::int32_t from, std::int32_t end, TBidi own) {
+  for (std::int32_t place = from; place < end; ++place) {
+    const TBidi letter = LetterDirection(text[place]);
+    if (letter != TBidi::ParagraphSeparator && letter != own) return true;
+  }
+  return false;
+}
+
+bool HoldsForeignLetter(const TText& text, const TDirectionalRuns& runs) {
+  for (std::size_t run = 0; run < runs.Bidi.size(); ++run)
+    if (runs.Bidi[run] != TBidi::ParagraphSeparator &&
+        HoldsForeignLetter(text, runs.Offsets[run], runs.Offsets[run + 1], runs.Bidi[run]))
+      return true;
+  return false;
+}
+
+void CutRun(const TText& text, std::int32_t from, std::int32_t end, TBidi own, TBidi paragraph, TRecutter& recutter) {
+  TBidi direction = own;
+  bool metLetter = false;
+  std::int32_t letterEnd = from;  // behind the last letter and its marks
+  for (std::int32_t place = from; place < end; ++place) {
+    const TBidi letter = LetterDirection(text[place]);
+    if (letter == TBidi::ParagraphSeparator) {
+      if (place == letterEnd && metLetter && ClassOf(text[place]).In(Marks)) ++letterEnd;
+      continue;
+    }
+    if (letter != direction) {
+      const std::int32_t cut = !metLetter || direction == paragraph ? place : letterEnd;
+      if (cut > from) recutter.Add(cut, direction);
+      direction = letter;
+    }
+    metLetter = true;
+    letterEnd = place + 1;
+  }
+  recutter.Add(end, direction);
+}
+
+}  // namespace
+
+void SeparateLineEnds(std::u16string_view s, TBidi paragraph, TDirectionalRuns& runs) {
+  const TText text(s);
+  TRecutter recutter(runs);
+  for (std::size_t run = 0; run < runs.Bidi.size(); ++run) {
+    recutter.BeginRun();
+    const std::int32_t end = runs.Offsets[run + 1];
+    const bool separator = runs.Bidi[run] == TBidi::ParagraphSeparator;
+    const bool empty = runs.Offsets[run] == end;
+    if (empty && !separator) recutter.Add(end, runs.Bidi[run]);
+
+    std::int32_t from = runs.Offsets[run];
+    const auto addText = [&](std::int32_t to) {
+      if (to == from) return;
+      if (!separator)
+        recutter.Add(to, runs.Bidi[run]);
+      else if (recutter.LineIsEmpty())
+        recutter.Add(to, paragraph);
+      else
+        recutter.ExtendLast(to);
+    };
+    for (std::int32_t place = from; place < end;) {
+      const std::int32_t lineEnd = LineEndBehind(text, place);
+      if (lineEnd > place) {
+        addText(place);
+        recutter.Add(lineEnd, TBidi::ParagraphSeparator);
+        from = lineEnd;
+      }
+      place = std::max(lineEnd, place + 1);
+    }
+    addText(end);
+  }
+  recutter.PutInto(runs);
+  OrderByLines(runs);
+}
+
+void CutToOwnDirection(std::u16string_view s, TBidi paragraph, TDirectionalRuns& runs) {
+  const TText text(s);
+  if (!HoldsForeignLetter(text, runs)) return;
+  TRecutter recutter(runs);
+  for (std::size_t run = 0; run < runs.Bidi.size(); ++run) {
+    recutter.BeginRun();
+    if (runs.Bidi[run] == TBidi::ParagraphSeparator)
+      recutter.Add(runs.Offsets[run + 1], TBidi::ParagraphSeparator);
+    else
+      CutRun(text, runs.Offsets[run], runs.Offsets[run + 1], runs.Bidi[run], paragraph, recutter);
+  }
+  recutter.PutInto(runs);
+}
+
+}  // namespace orv::engine

@@ -63,7 +63,8 @@ std::optional<TDateTime> TryEncodeDayOfWeekInMonth(const TNthWeekDay& date);
 // Words wrap; nothing is checked but the month's length (EConvertError for a month 0 or above 12 in date).
 TDateParts IncAMonth(const TDateParts& date, std::int32_t months);
 
-// The same on a date-time, whose time of day is kept. Raises EConvertError where the result is outside years 1 to 9999.
+// The same on a date-time, whose time of day is kept. Raises EConvertError where the year, which wraps as a word, comes
+// to stand outside 1 to 9999.
 TDateTime IncMonth(TDateTime value, std::int32_t months = 1);
 TDateTime IncYear(TDateTime value, std::int32_t years = 1);
 

@@ -1,7 +1,7 @@
 // The resource strings: the Persian and Arabic names of months and days, and the messages that users may meet.
 //
-// Texts stand exactly as the resource table has them, spelling included. Some differ from the names that the calculators
-// use ("چهار شنبه" and "پنج شنبه" have a blank here, "ذوالقعده" has none), which is why both tables exist.
+// Texts stand exactly as the resource table has them, spelling included. Some differ from the names that the
+// calculators use ("چهار شنبه" and "پنج شنبه" have a blank here, "ذوالقعده" has none), which is why both tables exist.
 #pragma once
 
 #include <cstdint>

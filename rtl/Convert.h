@@ -24,6 +24,7 @@ class TFormatArg {
   TFormatArg(const char* text) : FValue(std::string_view(text)) {}
   TFormatArg(std::string_view text) : FValue(text) {}
   TFormatArg(const std::string& text) : FValue(std::string_view(text)) {}
+  TFormatArg(const char16_t* text) : FValue(std::u16string_view(text)) {}
   TFormatArg(std::u16string_view text) : FValue(text) {}
   TFormatArg(const UnicodeString& text) : FValue(std::u16string_view(text)) {}
 

@@ -1,0 +1,11 @@
+// One function for each file of benchmarks: it registers the rows of that file.
+#pragma once
+
+namespace orv::bench {
+
+void RegisterProperties();   // rtl_Unicode.cpp
+void RegisterSplit();        // unicode_split.cpp
+void RegisterAdversarial();  // unicode_adversarial.cpp
+void RegisterShape();        // unicode_shape.cpp
+
+}  // namespace orv::bench

@@ -1,0 +1,101 @@
+// Splitting into directional runs, beside ICU and FriBidi: paragraph by paragraph, one paragraph of 10 MB, and the
+// first-strong test alone. All decide the paragraph's direction by its first strong character.
+#include <string>
+
+#include "bench/Rooms.h"
+#include "bench/support/Corpus.h"
+#include "bench/support/Measure.h"
+#include "bench/support/Peers.h"
+#include "unicode/Unicode.Engine.Types.h"
+
+namespace orv::bench {
+
+namespace {
+
+// The result arrays are reused, as the peers' objects are.
+void Split(benchmark::State& state, const TCorpus& corpus, TOrvCorrections corrections) {
+  const TCorrectionsInForce inForce(corrections);
+  TDirectionalRuns runs;
+  for (auto iteration : state) {
+    for (const std::u16string_view paragraph : corpus.Paragraphs()) {
+      TDirectiveChars::SplitByDirection(paragraph, TParagraphBidi::AutoLeftToRight, runs);
+      benchmark::DoNotOptimize(runs.Offsets.data());
+      benchmark::ClobberMemory();
+    }
+  }
+}
+
+void SplitIntoNew(benchmark::State& state, const TCorpus& corpus) {
+  for (auto iteration : state) {
+    for (const std::u16string_view paragraph : corpus.Paragraphs()) {
+      benchmark::DoNotOptimize(TDirectiveChars::SplitByDirection(paragraph, TParagraphBidi::AutoLeftToRight));
+    }
+  }
+}
+
+void SplitWithIcu(benchmark::State& state, const TCorpus& corpus) {
+  TIcuBidi icu;
+  for (auto iteration : state) {
+    for (const std::u16string_view paragraph : corpus.Paragraphs()) {
+      benchmark::DoNotOptimize(icu.Split(paragraph, TBase::FirstStrong));
+    }
+  }
+}
+
+void SplitWithFriBidi(benchmark::State& state, const TCorpus& corpus) {
+  TFriBidi friBidi(corpus.Longest());
+  for (auto iteration : state) {
+    for (const std::u32string_view paragraph : corpus.Paragraphs32()) {
+      benchmark::DoNotOptimize(friBidi.Split(paragraph, TBase::FirstStrong));
+    }
+  }
+}
+
+void FirstStrong(benchmark::State& state, const TCorpus& corpus) {
+  for (auto iteration : state) {
+    for (const std::u16string_view paragraph : corpus.Paragraphs()) {
+      benchmark::DoNotOptimize(TDirectiveChars::IsRTLText(paragraph, false));
+    }
+  }
+}
+
+void FirstStrongWithIcu(benchmark::State& state, const TCorpus& corpus) {
+  for (auto iteration : state) {
+    for (const std::u16string_view paragraph : corpus.Paragraphs()) {
+      benchmark::DoNotOptimize(ubidi_getBaseDirection(paragraph.data(), static_cast<std::int32_t>(paragraph.size())));
+    }
+  }
+}
+
+void AddSplitRows(const std::string& prefix, const TCorpus& corpus) {
+  for (const TWay& way : Ways) {
+    AddRow(prefix + way.Name, corpus.Units(),
+           [&corpus, way](benchmark::State& state) { Split(state, corpus, way.Corrections); });
+  }
+  AddRow(prefix + "icu", corpus.Units(), [&corpus](benchmark::State& state) { SplitWithIcu(state, corpus); });
+  AddRow(prefix + "fribidi", corpus.Units(), [&corpus](benchmark::State& state) { SplitWithFriBidi(state, corpus); });
+}
+
+void AddFirstStrongRows(const std::string& prefix, const TCorpus& corpus) {
+  // Only a few units of each paragraph are read, so a row counts paragraphs.
+  const auto paragraphs = static_cast<std::int64_t>(corpus.Paragraphs().size());
+  AddRow(prefix + "orv", paragraphs, [&corpus](benchmark::State& state) { FirstStrong(state, corpus); });
+  AddRow(prefix + "icu", paragraphs, [&corpus](benchmark::State& state) { FirstStrongWithIcu(state, corpus); });
+}
+
+}  // namespace
+
+void RegisterSplit() {
+  for (const std::string_view view : CorpusNames()) {
+    const std::string name(view);
+    const TCorpus* corpus = Corpus(name);
+    if (corpus == nullptr) continue;
+    AddSplitRows("split/" + name + "/", *corpus);
+    AddRow("split/" + name + "/orv-new-arrays", corpus->Units(),
+           [corpus](benchmark::State& state) { SplitIntoNew(state, *corpus); });
+    AddSplitRows("split-10MB/" + name + "/", *TenMegabytes(name));
+    AddFirstStrongRows("first-strong/" + name + "/", *corpus);
+  }
+}
+
+}  // namespace orv::bench

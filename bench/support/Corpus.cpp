@@ -17,8 +17,6 @@ namespace {
 
 using TCorpora = std::map<std::string, std::unique_ptr<TCorpus>, std::less<>>;
 
-constexpr std::size_t TenMegabyteUnits = 10U * 1024 * 1024 / sizeof(char16_t);
-
 std::optional<std::u16string> ReadText(std::string_view name) {
   const char* folder = std::getenv("ORV_CORPORA");
   const std::string path = std::string(folder != nullptr ? folder : ORV_CORPORA_DIR) + "/" + std::string(name) + ".txt";
@@ -48,7 +46,8 @@ std::unique_ptr<TCorpus> LoadTenMegabytes(std::string_view name) {
   for (const std::u16string_view paragraph : corpus->Paragraphs()) once.append(paragraph).append(u" ");
   std::replace_if(once.begin(), once.end(), IsParagraphEnd, u' ');
   std::u16string text;
-  while (text.size() < TenMegabyteUnits) text.append(once, 0, TenMegabyteUnits - text.size());
+  constexpr std::size_t size = TenMegabyteUnits;
+  while (text.size() < size) text.append(once, 0, size - text.size());
   return std::make_unique<TCorpus>(std::move(text));
 }
 

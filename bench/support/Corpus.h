@@ -41,6 +41,7 @@ std::span<const std::string_view> CorpusNames();
 const TCorpus* Corpus(std::string_view name);
 
 // The same text as one paragraph of 10 MB of UTF-16: every paragraph end a blank, the whole repeated.
+inline constexpr std::int64_t TenMegabyteUnits = 10 * 1024 * 1024 / sizeof(char16_t);
 const TCorpus* TenMegabytes(std::string_view name);
 
 std::u32string ToUtf32(std::u16string_view text);

@@ -50,24 +50,49 @@ void Check(bool done) {
 
 }  // namespace
 
-TIcuBidi::TIcuBidi() : FBidi(ubidi_open()) {}
+TIcuBidi::TIcuBidi(TLogicalRuns logicalRuns) : FBidi(ubidi_open()), FLogicalRuns(logicalRuns) {}
 
 std::int64_t TIcuBidi::Split(std::u16string_view paragraph, TBase base) {
   UErrorCode error = U_ZERO_ERROR;
   const auto length = static_cast<std::int32_t>(paragraph.size());
   ubidi_setPara(FBidi.get(), paragraph.data(), length, IcuLevel(base), nullptr, &error);
+  Check(error);
+  return WalkVisualRuns() + (FLogicalRuns == TLogicalRuns::ByCall ? WalkLogicalRuns(length) : WalkLevels(length));
+}
+
+std::int64_t TIcuBidi::WalkVisualRuns() {
+  UErrorCode error = U_ZERO_ERROR;
   const std::int32_t count = ubidi_countRuns(FBidi.get(), &error);
   Check(error);
   std::int64_t sum = 0;
   for (std::int32_t i = 0; i < count; ++i) {
     std::int32_t start = 0;
-    std::int32_t runLength = 0;
-    sum += ubidi_getVisualRun(FBidi.get(), i, &start, &runLength);
-    sum += start + runLength;
+    std::int32_t length = 0;
+    sum += ubidi_getVisualRun(FBidi.get(), i, &start, &length);
+    sum += start + length;
   }
+  return sum;
+}
+
+std::int64_t TIcuBidi::WalkLogicalRuns(std::int32_t length) {
+  std::int64_t sum = 0;
   for (std::int32_t start = 0; start < length;) {
     UBiDiLevel level = 0;
     ubidi_getLogicalRun(FBidi.get(), start, &start, &level);
+    sum += level;
+  }
+  return sum;
+}
+
+std::int64_t TIcuBidi::WalkLevels(std::int32_t length) {
+  UErrorCode error = U_ZERO_ERROR;
+  const UBiDiLevel* levels = ubidi_getLevels(FBidi.get(), &error);
+  Check(error);
+  std::int64_t sum = 0;
+  for (std::int32_t start = 0; start < length;) {
+    const UBiDiLevel level = levels[start];
+    start = static_cast<std::int32_t>(
+        std::find_if(levels + start, levels + length, [level](UBiDiLevel l) { return l != level; }) - levels);
     sum += level;
   }
   return sum;

@@ -17,7 +17,11 @@ enum class TBase : std::uint8_t { FirstStrong, LeftToRight, RightToLeft };
 // ICU: ubidi_setPara, then every visual and every logical run.
 class TIcuBidi {
  public:
-  TIcuBidi();
+  // How the logical runs are asked for: each by a call, the usual way, or read off the levels. A call searches all runs
+  // from the first, so on one long paragraph only the levels keep the cost linear.
+  enum class TLogicalRuns : std::uint8_t { ByCall, ByLevels };
+
+  explicit TIcuBidi(TLogicalRuns logicalRuns);
 
   // A checksum over the runs, so that no part of the work can be left out.
   std::int64_t Split(std::u16string_view paragraph, TBase base);
@@ -26,7 +30,12 @@ class TIcuBidi {
   struct TClose {
     void operator()(UBiDi* bidi) const { ubidi_close(bidi); }
   };
+  std::int64_t WalkVisualRuns();
+  std::int64_t WalkLogicalRuns(std::int32_t length);
+  std::int64_t WalkLevels(std::int32_t length);
+
   std::unique_ptr<UBiDi, TClose> FBidi;
+  TLogicalRuns FLogicalRuns;
 };
 
 // FriBidi: types, bracket types, embedding levels, and the visual order of one line.

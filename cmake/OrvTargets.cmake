@@ -6,6 +6,11 @@ target_compile_options(orv_build_flags INTERFACE
   $<$<BOOL:${ORV_WERROR}>:-Werror>
   $<$<CXX_COMPILER_ID:Clang>:-fconstexpr-steps=16777216>  # tables of 65536 entries are made at compile time
   -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
+# A compiler cache may hand the compiler paths relative to the build folder, in which it runs.
+file(RELATIVE_PATH up ${CMAKE_BINARY_DIR} ${PROJECT_SOURCE_DIR})
+if(up)
+  target_compile_options(orv_build_flags INTERFACE -ffile-prefix-map=${up}=)
+endif()
 if(ORV_SANITIZE)
   target_compile_options(orv_build_flags INTERFACE -fsanitize=${ORV_SANITIZE} -fno-omit-frame-pointer)
   target_link_options(orv_build_flags INTERFACE -fsanitize=${ORV_SANITIZE})

@@ -1,5 +1,7 @@
 #include "rtl/Unicode.h"
 
+#include <algorithm>
+
 #include "rtl/Assertions.h"
 #include "rtl/Strings.h"
 #include "rtl/UnicodeMappings.inc"

@@ -5,9 +5,8 @@
 // allocate nothing, any thread may call, and each costs two or three loads and no branch. The properties are those of
 // the database and know nothing of a language: ToUpper of "i" is "I" in Turkish too.
 //
-// Source: Unicode Character
-// Database, version UnicodeDataVersion (UnicodeData.txt, PropList.txt, DerivedNumericValues.txt), turned into
-// rtl/UnicodeData.h and rtl/UnicodeMappings.inc by tools/ucd/make_tables.py.
+// Source: Unicode Character Database, version UnicodeDataVersion (UnicodeData.txt, PropList.txt,
+// DerivedNumericValues.txt), turned into rtl/UnicodeData.h and rtl/UnicodeMappings.inc by tools/ucd/make_tables.py.
 #pragma once
 
 #include <cstdint>

@@ -16,5 +16,14 @@ configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/OrvConfig.cmake.in ${P
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/OrvConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/OrvConfig.cmake ${PROJECT_BINARY_DIR}/OrvConfigVersion.cmake
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Orv)
+
+# The pkg-config file links the floors below the adapters, highest first, and finds its prefix from its own place.
+set(pcLibraries ${libraries})
+list(FILTER pcLibraries EXCLUDE REGEX platform)
+list(REVERSE pcLibraries)
+list(TRANSFORM pcLibraries PREPEND "-l")
+list(JOIN pcLibraries " " pcLibraries)
+file(RELATIVE_PATH pcPrefix ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+string(REGEX REPLACE "/$" "" pcPrefix ${pcPrefix})
 configure_file(${PROJECT_SOURCE_DIR}/cmake/orv.pc.in ${PROJECT_BINARY_DIR}/orv.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/orv.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

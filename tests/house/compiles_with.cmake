@@ -1,6 +1,7 @@
 # Checks that a compiler takes floors 0 to 5 without a warning: every source file, and every header on its own. What it
 # makes may hold no folder of this machine, though assertions name source files.
 # Run with: cmake -DROOT=... -DOUT=... -DCXX=... -DLAUNCHER=... -P compiles_with.cmake
+cmake_minimum_required(VERSION 3.25)
 
 macro(run)
   execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)

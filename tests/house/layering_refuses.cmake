@@ -1,5 +1,6 @@
 # Plants one file at a time into a tree of its own and asks the layering check what it says.
 # Run with: cmake -DROOT=... -DOUT=... -P layering_refuses.cmake
+cmake_minimum_required(VERSION 3.25)
 
 # check(PATH TEXT): runs the check over a tree that holds TEXT at PATH alone; sets result and output.
 macro(check path text)

@@ -1,6 +1,7 @@
 # Fails when a file of the tree names a folder of somebody's machine. With OUT, plants such files there instead and
 # fails when they are not found.
 # Run with: cmake -DROOT=... [-DOUT=...] -P no_machine_paths.cmake
+cmake_minimum_required(VERSION 3.25)
 
 # The letters in brackets keep this file from finding itself.
 set(pattern [==[(^|[^A-Za-z0-9_.~-])(/wor[k]/|/roo[t]/|/hom[e]/[a-z]|/User[s]/|/build[s]/|/mn[t]/|[A-Z]:\\+User[s])]==])

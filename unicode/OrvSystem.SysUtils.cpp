@@ -1,9 +1,9 @@
 #include "unicode/OrvSystem.SysUtils.h"
 
-#include <cmath>
 #include <cstdlib>
 #include <limits>
 
+#include "rtl/DateTime.h"
 #include "rtl/Strings.h"
 
 namespace orv {
@@ -46,16 +46,7 @@ std::u16string CopyQuotedStr(std::u16string_view s, std::int32_t index, std::int
 }
 
 std::int64_t DateTimeToMilliseconds(double dateTime) {
-  constexpr std::int64_t millisecondsPerDay = 86400000, daysBefore1900 = 693594;
-  constexpr double limit = 9.0e18;
-  double rounded = std::nearbyint(dateTime * static_cast<double>(millisecondsPerDay));
-  if (std::isnan(rounded)) rounded = 0;
-  if (rounded > limit) rounded = limit;
-  if (rounded < -limit) rounded = -limit;
-  const auto milliseconds = static_cast<std::int64_t>(rounded);
-  // Before 30 December 1899 the whole days count backwards and the time of day still forwards.
-  const std::int64_t time = std::abs(milliseconds % millisecondsPerDay);
-  return (milliseconds / millisecondsPerDay + daysBefore1900) * millisecondsPerDay + time;
+  return rtl::DateTimeToMilliseconds(dateTime);
 }
 
 #ifdef _WIN32

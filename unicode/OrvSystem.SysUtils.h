@@ -17,8 +17,7 @@ const char16_t* StrLPos(const char16_t* text, const char16_t* subText, std::size
 // opening quote. A doubled quote is two quotes.
 std::u16string CopyQuotedStr(std::u16string_view s, std::int32_t index, std::int32_t& nextIndex);
 
-// A day-count date (days since 30 December 1899) in milliseconds, rounded, counted as time stamps are: 30 December 1899
-// is day 693594. Before it the whole days count backwards and the time of day still forwards.
+// A day-count date (days since 30 December 1899) in milliseconds, as rtl::DateTimeToMilliseconds counts them.
 std::int64_t DateTimeToMilliseconds(double dateTime);
 
 // The folder of the operating system's programs and the operating system's root folder.

@@ -46,7 +46,10 @@ constexpr UCS4Char LamAlefForm(UCS4Char alef) {
   return alef >= FirstAlef && alef <= LastAlef ? LamAlefForms[alef - FirstAlef] : 0;
 }
 
-constexpr std::uint32_t FirstHebrewPoint = 0x591, HebrewEnd = 0x600;
+constexpr bool IsHebrew(UCS4Char c) {
+  return c >= 0x591 && c < 0x600;
+}
+
 constexpr std::uint32_t FirstHebrewLetter = 0x5D0, HebrewLetterCount = 27;
 constexpr std::uint32_t FirstFoldedPoint = 0x5B7, FoldedPointCount = 12;
 
@@ -160,12 +163,11 @@ class TShaper {
 
 std::size_t TShaper::Run() {
   while (FRead < FCount) {
-    const UCS4Char c = FText[FRead];
-    if (c >= FirstHebrewPoint && c < HebrewEnd) {
+    if (IsHebrew(FText[FRead])) {
       ShapeHebrewStretch();
     } else {
       ShapePlainStretch();
-      if (FRead < FCount) ShapeOne();
+      if (FRead < FCount && !IsHebrew(FText[FRead])) ShapeOne();
     }
   }
   return FStored;

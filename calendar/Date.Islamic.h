@@ -42,4 +42,23 @@ constexpr std::int32_t MonthOfDay(std::int32_t dayOfYear) {
   return month < 12 ? month : 12;
 }
 
+struct TDate {
+  std::int64_t Year;
+  std::int32_t Month;
+  std::int32_t Day;
+};
+
+// The date of a Julian Day Number.
+constexpr TDate DateOfDay(std::int64_t julianDay) {
+  const std::int64_t year = YearOfDay(julianDay);
+  const auto dayOfYear = static_cast<std::int32_t>(julianDay - FirstDay(year));
+  const std::int32_t month = MonthOfDay(dayOfYear);
+  return {year, month, dayOfYear - DaysBeforeMonth(month) + 1};
+}
+
+// The Julian Day Number of a date; the month lies in 1 to 12.
+constexpr std::int64_t DayOfDate(std::int64_t year, std::int32_t month, std::int32_t day) {
+  return FirstDay(year) + DaysBeforeMonth(month) + day - 1;
+}
+
 }  // namespace orv::islamic

@@ -48,4 +48,27 @@ constexpr std::int32_t JD0(std::int32_t year) {
   return index < YearCount ? YearTable[index] : -1;
 }
 
+// The first day that decoding knows, 1 Farvardin of year 0, and the last, 10 Shahrivar 2325. Behind it the guess of the
+// year at 365 days a year would reach the last year of the table, from where it cannot go on.
+inline constexpr std::int32_t FirstDecodable = DayBeforeYear0 + 1;
+inline constexpr std::int32_t LastDecodable = DayBeforeYear0 + MaxYear * 365 - 1;
+
+// The year of a day from FirstDecodable to LastDecodable. The mean year guesses it at most one year off.
+constexpr std::int32_t YearOfDay(std::int32_t julianDay) {
+  constexpr std::uint64_t yearsPerDay = (std::uint64_t{1} << 32) * 1250 / (365 * 1250 + 303);  // in 2^-32 years
+  const auto days = static_cast<std::uint64_t>(julianDay - FirstDecodable);
+  auto year = static_cast<std::int32_t>((days * yearsPerDay) >> 32);
+  year += JD0(year + 1) < julianDay ? 1 : 0;
+  year -= JD0(year) >= julianDay ? 1 : 0;
+  return year;
+}
+
+// The month and the day of the month of a day of the year, from 1.
+constexpr std::int32_t MonthOfDay(std::int32_t dayOfYear) {
+  return dayOfYear <= 186 ? (dayOfYear - 1) / 31 + 1 : (dayOfYear - 187) / 30 + 7;
+}
+constexpr std::int32_t DaysBeforeMonth(std::int32_t month) {
+  return month <= 7 ? (month - 1) * 31 : (month - 7) * 30 + 186;
+}
+
 }  // namespace orv::jalali

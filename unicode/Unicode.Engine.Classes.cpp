@@ -15,20 +15,45 @@ constexpr bool IsStrongLTR(char16_t c, bool letterOrDigit) {
   return letterOrDigit && !IsStrongRTL(c) && !IsIn(c, 0xFB1D, 0xFEFE);
 }
 
-constexpr std::array<std::uint8_t, 0x10000> MakeUnitClasses() {
-  std::array<std::uint8_t, 0x10000> classes{};
-  for (std::uint32_t unit = 0; unit < classes.size(); ++unit) {
-    const auto c = static_cast<char16_t>(unit);
-    const TCategory category = rtl::CategoryOf(unit);
-    const bool letterOrDigit = TUnitClass(category, false, false, false).In(LettersAndDigits);
-    classes[unit] =
-        TUnitClass(category, IsStrongRTL(c), IsStrongLTR(c, letterOrDigit), rtl::IsWhiteSpaceUnit(c)).Bits();
-  }
+// The class without the stretch bits.
+constexpr TUnitClass RuleClassOf(char16_t c) {
+  const TCategory category = rtl::CategoryOf(c);
+  const TUnitClass plain(static_cast<std::uint16_t>(category));
+  unsigned bits = plain.Bits();
+  if (IsStrongRTL(c)) bits |= TUnitClass::RTL;
+  if (IsStrongLTR(c, plain.In(LettersAndDigits))) bits |= TUnitClass::LTR;
+  if (rtl::IsWhiteSpaceUnit(c)) bits |= TUnitClass::WhiteSpace;
+  return TUnitClass(static_cast<std::uint16_t>(bits));
+}
+
+// Whether a unit that is no word of the stretch's direction can be passed over in it: it is a blank or a neutral, and
+// no rule of its own begins with it.
+constexpr bool IsPassedOver(char16_t c, TUnitClass kind) {
+  if (kind.IsRTL() || c == u'.' || c == u'"' || c == u'\'' || IsLineFeedOrReturn(c)) return false;
+  const bool control = kind.Category() == TCategory::Cc;
+  return kind.Category() == TCategory::Zs || control || !kind.In(NeutralStops);
+}
+
+constexpr std::uint16_t ClassWordOf(char16_t c) {
+  const TUnitClass kind = RuleClassOf(c);
+  unsigned bits = kind.Bits();
+  const bool wordLTR = !kind.IsRTL() && kind.In(LettersAndDigits);
+  if (wordLTR) bits |= TUnitClass::WordLTR;
+  if (kind.IsRTL() && kind.IsLetter()) bits |= TUnitClass::WordRTL;
+  if (wordLTR || IsPassedOver(c, kind)) bits |= TUnitClass::PlainLTR;
+  if (kind.IsRTL() || IsPassedOver(c, kind)) bits |= TUnitClass::PlainRTL;
+  if (kind.IsLTR() && kind.IsLetter()) bits |= TUnitClass::LetterLTR;
+  return static_cast<std::uint16_t>(bits);
+}
+
+constexpr std::array<std::uint16_t, 0x10000> MakeUnitClasses() {
+  std::array<std::uint16_t, 0x10000> classes{};
+  for (std::uint32_t unit = 0; unit < classes.size(); ++unit) classes[unit] = ClassWordOf(static_cast<char16_t>(unit));
   return classes;
 }
 
 }  // namespace
 
-constinit const std::array<std::uint8_t, 0x10000> UnitClasses = MakeUnitClasses();
+constinit const std::array<std::uint16_t, 0x10000> UnitClasses = MakeUnitClasses();
 
 }  // namespace orv::engine

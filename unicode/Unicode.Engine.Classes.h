@@ -1,4 +1,4 @@
-// What the engine's rules ask of one code unit, answered by one load from one flat table.
+// What the engine's rules ask of one code unit, answered by one load from one flat table made at compile time.
 #pragma once
 
 #include <array>
@@ -27,33 +27,41 @@ inline constexpr TCategories NeutralStops =
 inline constexpr TCategories EquationSigns{TCategory::Nd, TCategory::Nl, TCategory::No, TCategory::Pd, TCategory::Po,
                                            TCategory::Sc, TCategory::Sk, TCategory::Sm, TCategory::So};
 
-// The general category of a code unit and three more bits, in one byte. A surrogate has category Cs.
+// What is known of a code unit, in one word. The low byte is the general category and three more bits; a surrogate has
+// category Cs. The high byte tells how the unit stands in a stretch of one direction (Unicode.Engine.Stretch.h).
 class TUnitClass {
  public:
-  constexpr explicit TUnitClass(std::uint8_t bits) : FBits(bits) {}
-  constexpr TUnitClass(TCategory category, bool rtl, bool ltr, bool whiteSpace)
-      : FBits(static_cast<std::uint8_t>(static_cast<unsigned>(category) | (rtl ? RTLBit : 0U) | (ltr ? LTRBit : 0U) |
-                                        (whiteSpace ? WhiteSpaceBit : 0U))) {}
+  enum TBit : std::uint16_t {
+    RTL = 0x20,  // strong right-to-left
+    LTR = 0x40,  // strong left-to-right
+    WhiteSpace = 0x80,
+    PlainLTR = 0x100,   // neither ends a left-to-right stretch nor needs a look at its neighbours
+    PlainRTL = 0x200,   // the same in a right-to-left stretch
+    WordLTR = 0x400,    // a letter or digit of a left-to-right stretch
+    WordRTL = 0x800,    // a letter of a right-to-left stretch
+    LetterLTR = 0x1000  // strong left-to-right and a letter
+  };
 
-  constexpr std::uint8_t Bits() const { return FBits; }
+  constexpr explicit TUnitClass(std::uint16_t bits) : FBits(bits) {}
+
+  constexpr std::uint16_t Bits() const { return FBits; }
+  constexpr std::uint8_t LowByte() const { return static_cast<std::uint8_t>(FBits); }
+  constexpr bool Has(TBit bit) const { return (FBits & bit) != 0; }
   constexpr TCategory Category() const { return static_cast<TCategory>(FBits & CategoryMask); }
   constexpr bool In(TCategories categories) const { return ((categories.Bits() >> (FBits & CategoryMask)) & 1U) != 0; }
   constexpr bool IsLetter() const { return In(Letters); }
-  constexpr bool IsRTL() const { return (FBits & RTLBit) != 0; }
-  constexpr bool IsLTR() const { return (FBits & LTRBit) != 0; }
-  constexpr bool IsWhiteSpace() const { return (FBits & WhiteSpaceBit) != 0; }
+  constexpr bool IsRTL() const { return Has(RTL); }
+  constexpr bool IsLTR() const { return Has(LTR); }
+  constexpr bool IsWhiteSpace() const { return Has(WhiteSpace); }
 
  private:
   static constexpr unsigned CategoryMask = 0x1F;
-  static constexpr unsigned RTLBit = 0x20;
-  static constexpr unsigned LTRBit = 0x40;
-  static constexpr unsigned WhiteSpaceBit = 0x80;
 
-  std::uint8_t FBits;
+  std::uint16_t FBits;
 };
 
-// One byte of class bits for each of the 65,536 code units.
-extern const std::array<std::uint8_t, 0x10000> UnitClasses;
+// The class word of each of the 65,536 code units.
+extern const std::array<std::uint16_t, 0x10000> UnitClasses;
 
 inline TUnitClass ClassOf(char16_t c) {
   return TUnitClass(UnitClasses[c]);

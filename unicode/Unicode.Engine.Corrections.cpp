@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "unicode/Unicode.Engine.Vectors.h"
+
 namespace orv::engine {
 namespace {
 
@@ -73,17 +75,19 @@ void OrderByLines(TDirectionalRuns& runs) {
 // The direction of a letter; ParagraphSeparator for any other unit.
 TBidi LetterDirection(char16_t c) {
   const TUnitClass kind = ClassOf(c);
-  if (!kind.IsLetter()) return TBidi::ParagraphSeparator;
-  if (kind.IsRTL()) return TBidi::RightToLeft;
-  return kind.IsLTR() ? TBidi::LeftToRight : TBidi::ParagraphSeparator;
+  if (kind.Has(TUnitClass::WordRTL)) return TBidi::RightToLeft;
+  return kind.Has(TUnitClass::LetterLTR) ? TBidi::LeftToRight : TBidi::ParagraphSeparator;
 }
 
 constexpr TCategories Marks{TCategory::Mc, TCategory::Me, TCategory::Mn};
 
 bool HoldsForeignLetter(const TText& text, std::int32_t from, std::int32_t end, TBidi own) {
-  for (std::int32_t place = from; place < end; ++place) {
-    const TBidi letter = LetterDirection(text[place]);
-    if (letter != TBidi::ParagraphSeparator && letter != own) return true;
+  const auto foreign = own == TBidi::RightToLeft ? TUnitClass::LetterLTR : TUnitClass::WordRTL;
+  while (from < end) {
+    from = own == TBidi::RightToLeft ? SkipUnits<TNoLTRLetter>(text.Data(), from, end)
+                                     : SkipUnits<TNoRTLLetter>(text.Data(), from, end);
+    for (const std::int32_t soon = std::min(from + TUnits::Count, end); from < soon; ++from)
+      if (ClassOf(text[from]).Has(foreign)) return true;
   }
   return false;
 }

@@ -2,6 +2,8 @@
 
 #include <limits>
 
+#include "unicode/Unicode.Engine.Vectors.h"
+
 namespace orv::engine {
 namespace {
 
@@ -31,25 +33,34 @@ std::int32_t TLookAhead::SkipAsciiDigits(std::int32_t from) const {
   return from;
 }
 
-std::int32_t TLookAhead::NextCloser(std::int32_t from, char16_t closer) {
-  const auto isCloser = [closer](char16_t c) { return c == closer; };
-  for (TCloserPlace& known : FClosers)
-    if (known.Closer == closer) return known.Next.From(FText, from, isCloser);
-  return FClosers.emplace_back(TCloserPlace{closer, {}}).Next.From(FText, from, isCloser);
+// Whether the closer stands from from on and before end, which is the end of the text or a place from which nothing is
+// asked again. A short way is simply walked; how far a long one reaches is remembered.
+bool TLookAhead::ClosesBefore(std::int32_t from, std::int32_t end, char16_t closer) {
+  constexpr std::int32_t shortWay = 16;
+  if (end - from <= shortWay) return FindUnit(FText.Data(), from, end, closer) < end;
+  for (TCloserPlace& known : FClosers) {
+    if (known.Closer != closer) continue;
+    if (known.Place < from) known.Place = FindUnit(FText.Data(), from, FText.Length(), closer);
+    return known.Place < end;
+  }
+  FClosers.push_back({closer, FindUnit(FText.Data(), from, FText.Length(), closer)});
+  return FClosers.back().Place < end;
 }
 
 char16_t TLookAhead::FindInnerStrong(std::int32_t from, char16_t closer) {
   const std::int32_t letter = FLetter.From(FText, from, [](char16_t c) { return ClassOf(c).IsLetter(); });
-  if (letter == from) return FText.At(letter);
-  const std::int32_t end = NextCloser(from, closer);
-  if (letter < end) return FText[letter];
+  const bool closes = letter > from && ClosesBefore(from, letter, closer);
+  if (!closes && letter < FText.Length()) return FText[letter];
   const std::int32_t digit =
       FDigit.From(FText, from, [](char16_t c) { return ClassOf(c).Category() == TCategory::Nd; });
-  return digit < end ? FText[digit] : u'\0';
+  if (digit >= letter) return u'\0';
+  return closes && ClosesBefore(from, digit, closer) ? u'\0' : FText[digit];
 }
 
 std::int32_t TLookAhead::LatinWordEnd(std::int32_t from) {
-  std::int32_t place = FNotDigitOrSeparator.From(FText, from, [](char16_t c) { return !IsDigitOrSeparator(c); });
+  std::int32_t place = from;
+  if (IsDigitOrSeparator(FText.At(from)))
+    place = FNotDigitOrSeparator.From(FText, from, [](char16_t c) { return !IsDigitOrSeparator(c); });
   if (!IsAsciiLetter(FText.At(place))) return Fails;
   while (IsAsciiLetter(FText.At(place)) || IsDigitOrSeparator(FText.At(place))) ++place;
   return place;

@@ -28,6 +28,11 @@ class TText {
   std::int32_t FLength;
 };
 
+// A full stop that ends a sentence: the end of the text or white space stands behind it.
+inline bool IsSentenceStop(const TText& text, std::int32_t place) {
+  return text.At(place) == u'.' && (place + 1 >= text.Length() || ClassOf(text[place + 1]).IsWhiteSpace());
+}
+
 // The place of the next unit that passes a test, asked from places that never go back. Each stretch is searched once.
 class TNextPlace {
  public:
@@ -46,10 +51,10 @@ class TNextPlace {
   std::int32_t FFound = -1;
 };
 
-// The next place of one closing bracket or quote.
+// The next place of one closing bracket or quote; the text's length where there is none.
 struct TCloserPlace {
   char16_t Closer;
-  TNextPlace Next;
+  std::int32_t Place;
 };
 
 class TLookAhead {
@@ -105,7 +110,7 @@ class TLookAhead {
     TEquationWalker Walker;
   };
 
-  std::int32_t NextCloser(std::int32_t from, char16_t closer);
+  bool ClosesBefore(std::int32_t from, std::int32_t end, char16_t closer);
   bool WalkLineIndex(std::int32_t& place) const;
   std::int32_t EquationOutcome(std::int32_t from);
 

@@ -1,5 +1,6 @@
 #include "unicode/Unicode.Engine.RunAssembler.h"
 
+#include <array>
 #include <string>
 
 #include "rtl/Assertions.h"
@@ -17,6 +18,69 @@ constexpr bool IsNeutralOrBlank(TBidiType token) {
   return token == TBidiType::Neutral || token == TBidiType::SpaceSeparator;
 }
 
+// What becomes of the stretch up to a boundary.
+enum class TBoundary : std::uint8_t {
+  DigitsRun,        // it is a run of digits, and the order turns behind it
+  RunBeforeDigits,  // it is a right-to-left run, with digits to follow
+  Extend,           // the open run goes on to the boundary's end
+  Close,            // the open run ends where the neutrals began; a run starts there when the next token can start one
+  Start,            // a run of the next token's kind starts
+  Append,           // a run of the direction before stands by itself
+  AppendAtTurn,     // the same, in front of what was laid out since the turn
+};
+
+// The stretch that ends at a boundary lies behind an open run of kind run. direction held before, token is the kind of
+// the stretch, next the kind of the token that follows.
+constexpr TBoundary BoundaryBehind(TBidiType run, TBidiType direction, TBidiType token, TBidiType next) {
+  const bool blank = token == TBidiType::SpaceSeparator;
+  if ((next == TBidiType::ArabicDigit && run != TBidiType::RTL) || token == TBidiType::ArabicDigit) {
+    const bool nothingStrong = IsNeutralOrBlank(token) || token == TBidiType::LineParagraphSeparator;
+    return nothingStrong ? TBoundary::RunBeforeDigits : TBoundary::DigitsRun;
+  }
+  if (IsUnmergable(run)) {
+    if (next != direction && direction == PlainKind(run) && blank) return TBoundary::Close;
+    if (next == direction && IsNeutralOrBlank(token)) return TBoundary::Start;
+    return TBoundary::AppendAtTurn;
+  }
+  if (next == run && next != TBidiType::ArabicDigit) return TBoundary::Extend;
+  if (IsNeutralOrBlank(token) && run == direction) return TBoundary::Close;
+  if (blank && next == direction) return TBoundary::Start;
+  if (next == TBidiType::LTR || next == TBidiType::RTL || next == TBidiType::DirectionalFormatting)
+    return TBoundary::Start;
+  if (run == TBidiType::ArabicDigit || run == TBidiType::NotExists) return TBoundary::Append;
+  return TBoundary::Close;
+}
+
+// The same as a table, since a mixed text takes all its ways in turn.
+class TBoundaryTable {
+ public:
+  constexpr TBoundaryTable() {
+    for (std::size_t run = 0; run < Kinds; ++run)
+      for (std::size_t token = 0; token < Kinds; ++token)
+        for (std::size_t next = 0; next < Kinds; ++next)
+          for (const TBidiType direction : {TBidiType::LTR, TBidiType::RTL})
+            FActions[Index(Kind(run), direction, Kind(token), Kind(next))] =
+                BoundaryBehind(Kind(run), direction, Kind(token), Kind(next));
+  }
+
+  TBoundary At(TBidiType run, TBidiType direction, TBidiType token, TBidiType next) const {
+    return FActions[Index(run, direction, token, next)];
+  }
+
+ private:
+  static constexpr std::size_t Kinds = static_cast<std::size_t>(TBidiType::NotExists) + 1;
+
+  static constexpr TBidiType Kind(std::size_t value) { return static_cast<TBidiType>(value); }
+  static constexpr std::size_t Index(TBidiType run, TBidiType direction, TBidiType token, TBidiType next) {
+    const auto value = [](TBidiType kind) { return static_cast<std::size_t>(kind); };
+    return ((value(run) * Kinds + value(token)) * Kinds + value(next)) * 2 + (direction == TBidiType::RTL ? 1 : 0);
+  }
+
+  std::array<TBoundary, Kinds * Kinds * Kinds * 2> FActions{};
+};
+
+constexpr TBoundaryTable BoundaryTable;
+
 }  // namespace
 
 void TRunAssembler::Run() {
@@ -30,17 +94,32 @@ void TRunAssembler::Run() {
   Finish();
 }
 
-// With a run open in the direction in force, whatever lies between here and the next exception extends that run. The
+// Whatever lies between here and the next exception is one run of the direction in force, or extends the open one. The
 // units are searched once; what is left of a stretch goes the ordinary way, token by token.
 bool TRunAssembler::SkipStretch() {
-  if (FReader.RunKind != FReader.CurrentBidi || FReader.Position < FStretchSeen) return false;
-  const TStretch stretch = FindStretch(FReader.Text, FReader.Position, FReader.CurrentBidi == TBidiType::RTL);
+  if (FReader.Position < FStretchSeen || LeavesNumberRun()) return false;
+  const TBidiType direction = FReader.CurrentBidi;
+  const bool rtl = direction == TBidiType::RTL;
+  if (!MayBeginStretch(FReader.Text, FReader.Position, rtl)) return false;
+  const TStretch stretch = FindStretch(FReader.Text, FReader.Position, rtl);
   FStretchSeen = stretch.SeenEnd;
   if (stretch.End == FReader.Position) return false;
-  ExtendRun(stretch.End);
   FReader.Position = stretch.End;
-  FLastToken = FReader.CurrentBidi;
+  FReader.SavedEndOfLine = FReader.EndOfLine;
+  FReader.SentenceEnded = stretch.SentenceEnded;
+  FLastToken = direction;
+  FStackCountBefore = FReader.Stack.size();
+  if (FReader.RunKind == direction)
+    ExtendRun(stretch.End);
+  else
+    StartRun(direction, stretch.End);
+  if (stretch.SentenceEnded) EndStep();
   return true;
+}
+
+// The one place where left-to-right text behind a blank makes two runs: behind a number in a right-to-left paragraph.
+bool TRunAssembler::LeavesNumberRun() const {
+  return FReader.RunKind == TBidiType::ArabicDigit && FReader.CurrentBidi == TBidiType::LTR;
 }
 
 TRunAssembler::TFlow TRunAssembler::Step() {
@@ -241,11 +320,6 @@ void TRunAssembler::StartRun(TBidiType kind, std::int32_t end) {
   FReader.RunKind = kind;
 }
 
-void TRunAssembler::StartRunChecked(std::int32_t end, TBidiType next) {
-  ORV_ASSERT(StartsRun(next), Place());
-  StartRun(next, end);
-}
-
 void TRunAssembler::CloseRun(std::int32_t start, std::int32_t end, TBidiType next) {
   ExtendRun(start);
   if (StartsRun(next)) {
@@ -287,43 +361,35 @@ void TRunAssembler::EndParagraph() {
   FReader.Stack.clear();
 }
 
-// Places the stretch that ends at end when a token of kind next follows. direction held before, token is the kind of
-// the stretch behind, start is where its neutral part began.
+// Places the stretch that ends at end when a token of kind next follows; start is where its neutral part began.
 void TRunAssembler::ResolveBoundary(TBidiType direction, TBidiType token, std::int32_t start, std::int32_t end,
                                     TBidiType next) {
-  const TBidiType run = FReader.RunKind;
-  if ((next == TBidiType::ArabicDigit && run != TBidiType::RTL) || token == TBidiType::ArabicDigit) {
-    const bool digits = !IsNeutralOrBlank(token) && token != TBidiType::LineParagraphSeparator;
-    const TBidiType kind = digits ? token : TBidiType::RTL;
-    AppendRun(kind, false, end);
-    FReader.RunKind = kind == TBidiType::ArabicDigit ? TBidiType::ArabicDigit : TBidiType::RTL;
-    if (kind == TBidiType::ArabicDigit) FReader.TurnIndex = FReader.OrderCount();
-  } else if (IsUnmergable(run)) {
-    ResolveBehindBracket(direction, token, start, end, next);
-  } else if (next == run && next != TBidiType::ArabicDigit) {
-    ExtendRun(end);
-  } else if (IsNeutralOrBlank(token) && run == direction) {
-    CloseRun(start, end, next);
-  } else if (token == TBidiType::SpaceSeparator && next == direction) {
-    StartRunChecked(end, next);
-  } else if (next == TBidiType::LTR || next == TBidiType::RTL || next == TBidiType::DirectionalFormatting) {
-    StartRunChecked(end, next);
-  } else if (run == TBidiType::ArabicDigit || run == TBidiType::NotExists) {
-    AppendRun(direction, false, end);
-  } else {
-    CloseRun(start, end, next);
+  switch (BoundaryTable.At(FReader.RunKind, direction, token, next)) {
+    case TBoundary::DigitsRun:
+      AppendRun(token, false, end);
+      FReader.RunKind = token == TBidiType::ArabicDigit ? TBidiType::ArabicDigit : TBidiType::RTL;
+      if (token == TBidiType::ArabicDigit) FReader.TurnIndex = FReader.OrderCount();
+      break;
+    case TBoundary::RunBeforeDigits:
+      StartRun(TBidiType::RTL, end);
+      break;
+    case TBoundary::Extend:
+      ExtendRun(end);
+      break;
+    case TBoundary::Close:
+      CloseRun(start, end, next);
+      break;
+    case TBoundary::Start:
+      ORV_ASSERT(StartsRun(next), Place());
+      StartRun(next, end);
+      break;
+    case TBoundary::Append:
+      AppendRun(direction, false, end);
+      break;
+    case TBoundary::AppendAtTurn:
+      AppendRun(direction, true, end);
+      break;
   }
-}
-
-// The open run was closed by a bracket and takes nothing more.
-void TRunAssembler::ResolveBehindBracket(TBidiType direction, TBidiType token, std::int32_t start, std::int32_t end,
-                                         TBidiType next) {
-  if (next != direction && direction == PlainKind(FReader.RunKind) && token == TBidiType::SpaceSeparator)
-    CloseRun(start, end, next);
-  else if (next == direction && IsNeutralOrBlank(token))
-    StartRunChecked(end, next);
-  else
-    AppendRun(direction, true, end);  // goes in front of what was laid out since the turn
 }
 
 std::string TRunAssembler::Place() const {

@@ -28,18 +28,17 @@ class TRunAssembler {
   void ResolveAtEnd(std::int32_t runStart, TBidiType next);
   void Finish();
   bool SkipStretch();
+  bool LeavesNumberRun() const;
 
   void AppendRun(TBidiType kind, bool atTurn, std::int32_t end);
   void AppendEntry(TBidi bidi, bool atTurn, std::int32_t line, std::int32_t end);
   void ExtendRun(std::int32_t end) { FRuns.Offsets.back() = end; }
   void StartRun(TBidiType kind, std::int32_t end);
-  void StartRunChecked(std::int32_t end, TBidiType next);
   void CloseRun(std::int32_t start, std::int32_t end, TBidiType next);
   void CloseText();
   void TurnToDigits(std::int32_t at);
   void EndParagraph();
   void ResolveBoundary(TBidiType direction, TBidiType token, std::int32_t start, std::int32_t end, TBidiType next);
-  void ResolveBehindBracket(TBidiType direction, TBidiType token, std::int32_t start, std::int32_t end, TBidiType next);
   std::string Place() const;           // position and text, for messages
   std::string TextForMessage() const;  // units outside ASCII as question marks
 

@@ -3,70 +3,59 @@
 namespace orv::engine {
 namespace {
 
-// How a unit stands in a stretch of one direction, by its class byte.
-enum TPlainKind : std::uint8_t { Exception, Word, Mark, Blank, Neutral, CheckUnit };
-
-constexpr TPlainKind KindOf(TUnitClass kind, bool rtl) {
-  if (kind.IsLetter()) return kind.IsRTL() == rtl ? Word : Exception;
-  if (rtl && kind.IsRTL()) return Mark;
-  if (kind.Category() == TCategory::Nd) return rtl ? Exception : Word;
-  if (kind.Category() == TCategory::Zs) return Blank;
-  if (kind.IsRTL()) return Exception;
-  if (kind.Category() == TCategory::Po || kind.Category() == TCategory::Cc || kind.Category() == TCategory::Cf)
-    return CheckUnit;
-  return kind.In(NeutralStops) ? Exception : Neutral;
-}
-
-constexpr std::array<std::uint8_t, 256> MakeKinds(bool rtl) {
-  std::array<std::uint8_t, 256> kinds{};
-  for (unsigned bits = 0; bits < 256; ++bits) kinds[bits] = KindOf(TUnitClass(static_cast<std::uint8_t>(bits)), rtl);
-  return kinds;
-}
-
-constexpr std::array<std::array<std::uint8_t, 256>, 2> Kinds{MakeKinds(false), MakeKinds(true)};
-
+// The search for one direction. A word is a letter of it, in left-to-right text a digit too; a mark is any other strong
+// unit of right-to-left text.
+template <bool Rtl>
 class TStretchFinder {
  public:
-  TStretchFinder(const TText& text, bool rtl) : FText(text), FKinds(Kinds[rtl ? 1 : 0]), FRtl(rtl) {}
+  explicit TStretchFinder(const TText& text) : FText(text) {}
 
+  // from holds a plain unit.
   TStretch Find(std::int32_t from) const {
     std::int32_t end = from;
-    while (end < FText.Length() && IsPlain(from, end)) ++end;
-    return {WordEnd(from, end), end};
+    do {
+      end = SkipPlain(end + 1);
+    } while (end < FText.Length() && IsPassedHere(from, end));
+    if (FText.At(end) == u'.' && IsSentenceStop(FText, end) && IsWordBefore(from, end)) return {end + 1, end + 1, true};
+    return {WordEnd(from, end), end, false};
   }
 
  private:
-  std::uint8_t KindAt(std::int32_t place) const { return FKinds[ClassOf(FText[place]).Bits()]; }
+  static constexpr TUnitClass::TBit Plain = Rtl ? TUnitClass::PlainRTL : TUnitClass::PlainLTR;
+  static constexpr TUnitClass::TBit Word = Rtl ? TUnitClass::WordRTL : TUnitClass::WordLTR;
 
-  bool IsPlain(std::int32_t from, std::int32_t place) const {
-    const std::uint8_t kind = KindAt(place);
-    if (kind == CheckUnit) return IsPlainSign(from, place);
-    return kind != Exception;
+  bool IsWord(std::int32_t place) const { return ClassOf(FText[place]).Has(Word); }
+  bool IsMark(std::int32_t place) const { return Rtl && ClassOf(FText[place]).IsRTL() && !IsWord(place); }
+  bool IsInWord(std::int32_t place) const { return IsWord(place) || (Rtl && ClassOf(FText[place]).IsRTL()); }
+
+  std::int32_t SkipPlain(std::int32_t from) const {
+    const char16_t* const end = FText.Data() + FText.Length();
+    const char16_t* unit = FText.Data() + from;
+    while (unit < end && ClassOf(*unit).Has(Plain)) ++unit;
+    return static_cast<std::int32_t>(unit - FText.Data());
   }
 
-  bool IsPlainSign(std::int32_t from, std::int32_t place) const {
+  // Whether a unit that is not plain by itself is so where it stands: a stop between two words is a neutral, and a
+  // zero-width blank behind a word a blank. Behind another blank it would be a token of its own.
+  bool IsPassedHere(std::int32_t from, std::int32_t place) const {
     const char16_t c = FText[place];
-    if (c == u'"' || c == u'\'') return false;
-    // A stop between two words is a neutral.
     if (c == u'.') return ClassOf(FText.At(place + 1)).In(LettersAndDigits);
-    const TCategory category = ClassOf(c).Category();
-    if (category == TCategory::Po) return true;
-    if (category == TCategory::Cc) return !IsLineFeedOrReturn(c);
-    // A zero-width blank is plain behind a word only: behind another blank it is a token of its own.
-    return IsZeroWidthBlank(c) && place > from && IsInWord(KindAt(place - 1));
+    return IsZeroWidthBlank(c) && place > from && IsInWord(place - 1);
   }
 
-  static bool IsInWord(std::uint8_t kind) { return kind == Word || kind == Mark; }
+  // Whether a word of this direction ends at the place. A mark counts only behind a letter, since a neutral before it
+  // would take it along.
+  bool IsWordBefore(std::int32_t from, std::int32_t place) const {
+    while (place > from && IsMark(place - 1)) --place;
+    return place > from && IsWord(place - 1);
+  }
 
-  // The last place up to end at which a word ends for certain. A mark counts only behind a letter, since a neutral
-  // before it would take it along.
+  // The last place up to end at which a word ends for certain.
   std::int32_t WordEnd(std::int32_t from, std::int32_t end) const {
     for (std::int32_t place = end; place > from; --place) {
       if (!EndsWord(place, end)) continue;
-      std::int32_t letter = place - 1;
-      while (letter > from && KindAt(letter) == Mark) --letter;
-      if (KindAt(letter) == Word) return place;
-      place = letter + 1;
+      if (IsWordBefore(from, place)) return place;
+      while (place - 1 > from && IsMark(place - 2)) --place;
     }
     return from;
   }
@@ -74,22 +63,20 @@ class TStretchFinder {
   // Whether a word before place would end there: what goes on inside a word must not stand behind it, nor a stop or
   // an apostrophe, which the word's own rule looks at.
   bool EndsWord(std::int32_t place, std::int32_t end) const {
-    if (!IsInWord(KindAt(place - 1))) return false;
+    if (!IsInWord(place - 1)) return false;
     const char16_t behind = FText.At(place);
     if (place < end) return behind == u' ';
     if (behind == u'.') return false;
-    return FRtl ? !IsIn(behind, 0x200A, 0x200C) : behind != u'\'' && !ClassOf(behind).IsLTR();
+    return Rtl ? !IsIn(behind, 0x200A, 0x200C) : behind != u'\'' && !ClassOf(behind).IsLTR();
   }
 
   const TText& FText;
-  const std::array<std::uint8_t, 256>& FKinds;
-  const bool FRtl;
 };
 
 }  // namespace
 
 TStretch FindStretch(const TText& text, std::int32_t from, bool rtl) {
-  return TStretchFinder(text, rtl).Find(from);
+  return rtl ? TStretchFinder<true>(text).Find(from) : TStretchFinder<false>(text).Find(from);
 }
 
 }  // namespace orv::engine

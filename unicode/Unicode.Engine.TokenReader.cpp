@@ -1,5 +1,7 @@
 #include "unicode/Unicode.Engine.TokenReader.h"
 
+#include <array>
+
 #include "rtl/FormatSettings.h"
 
 namespace orv::engine {
@@ -24,6 +26,46 @@ constexpr char16_t MatchingCloser(char16_t opener) {
       return static_cast<char16_t>(opener + ((opener & 0xF) == 0xB ? 2 : 1));
   }
 }
+
+// Which rule the first unit of a token calls, by its class byte.
+enum class TTokenStart : std::uint8_t { R, L, Digit, S, Separator, Control, Format, Punctuation, Opener, Closer, N };
+
+constexpr TTokenStart TokenStartOf(TUnitClass kind, bool inRTL) {
+  if (kind.IsRTL()) return TTokenStart::R;
+  if (kind.IsLetter()) return TTokenStart::L;
+  switch (kind.Category()) {
+    case TCategory::Nd:
+      return inRTL ? TTokenStart::Digit : TTokenStart::L;
+    case TCategory::Zs:
+      return TTokenStart::S;
+    case TCategory::Zl:
+    case TCategory::Zp:
+      return TTokenStart::Separator;
+    case TCategory::Cc:
+      return TTokenStart::Control;
+    case TCategory::Cf:
+      return TTokenStart::Format;
+    case TCategory::Po:
+      return TTokenStart::Punctuation;
+    case TCategory::Pi:
+    case TCategory::Ps:
+      return TTokenStart::Opener;
+    case TCategory::Pe:
+    case TCategory::Pf:
+      return TTokenStart::Closer;
+    default:
+      return TTokenStart::N;
+  }
+}
+
+constexpr std::array<TTokenStart, 256> MakeTokenStarts(bool inRTL) {
+  std::array<TTokenStart, 256> starts{};
+  for (unsigned bits = 0; bits < starts.size(); ++bits)
+    starts[bits] = TokenStartOf(TUnitClass(static_cast<std::uint16_t>(bits)), inRTL);
+  return starts;
+}
+
+constexpr std::array<std::array<TTokenStart, 256>, 2> TokenStarts{MakeTokenStarts(false), MakeTokenStarts(true)};
 
 }  // namespace
 
@@ -58,7 +100,7 @@ TTokenReader::TTokenReader(std::u16string_view s, const TSplitSettings& settings
       BaseBidi(ResolveBaseBidi(settings.ParagraphBidi, s)),
       CurrentBidi(BaseBidi),
       PreviousBidi(BaseBidi),
-      FAhead(Text, workspace.Closers) {
+      FWorkspace(workspace) {
   Stack.clear();
 }
 
@@ -67,86 +109,89 @@ TBidiType TTokenReader::ReadNextToken() {
   SavedEndOfLine = EndOfLine;
   SentenceEnded = false;
   const char16_t c = Text[Position++];
-  const TUnitClass kind = ClassOf(c);
-  if (kind.IsRTL()) return RuleR();
-  if (c == u' ') return RuleS();
-  if (PreviousBidi == TBidiType::RTL && IsAsciiDigit(c)) return RuleD();
-  switch (kind.Category()) {
-    case TCategory::Ll:
-    case TCategory::Lm:
-    case TCategory::Lo:
-    case TCategory::Lt:
-    case TCategory::Lu:
-    case TCategory::Nd:
+  switch (TokenStarts[PreviousBidi == TBidiType::RTL ? 1 : 0][ClassOf(c).LowByte()]) {
+    case TTokenStart::R:
+      return RuleR();
+    case TTokenStart::L:
       return RuleL();
-    case TCategory::Zl:
-    case TCategory::Zp:
-      return TBidiType::LineParagraphSeparator;
-    case TCategory::Cc:
-      return IsLineFeedOrReturn(c) ? RuleLineEnd() : RuleN();
-    case TCategory::Zs:
+    case TTokenStart::Digit:
+      return IsAsciiDigit(c) ? RuleD() : RuleL();
+    case TTokenStart::S:
       return RuleS();
-    case TCategory::Cf:
+    case TTokenStart::Separator:
+      return TBidiType::LineParagraphSeparator;
+    case TTokenStart::Control:
+      return IsLineFeedOrReturn(c) ? RuleLineEnd() : RuleN();
+    case TTokenStart::Format:
       if (c == 0x200E) return RuleL();
       return IsZeroWidthBlank(c) ? RuleS() : TBidiType::DirectionalFormatting;
-    case TCategory::Po:
-      if (c == u'.') {
-        if (const auto token = RuleP()) return *token;
-      } else if (c == u'"' || c == u'\'') {
-        if (const auto token = RuleQ(c)) return *token;
-      }
-      return RuleN();
-    case TCategory::Pi:
-    case TCategory::Ps:
+    case TTokenStart::Punctuation:
+      return RulePunctuation(c);
+    case TTokenStart::Opener:
       return RuleBOpen(c);
-    case TCategory::Pe:
-    case TCategory::Pf:
+    case TTokenStart::Closer:
       return FBracketDepth > 0 ? RuleBClose() : RuleN();
-    default:
-      return RuleN();
+    case TTokenStart::N:
+      break;
   }
+  return RuleN();
 }
 
-// A full stop that ends a sentence: the end of the text or white space stands behind it.
-bool TTokenReader::IsSentenceStop(std::int32_t place) const {
-  return Text.At(place) == u'.' && (place + 1 >= Text.Length() || ClassOf(Text[place + 1]).IsWhiteSpace());
+// Stops and quotes have rules that may decline.
+TBidiType TTokenReader::RulePunctuation(char16_t c) {
+  if (c == u'.') {
+    if (const auto token = RuleP()) return *token;
+  } else if (c == u'"' || c == u'\'') {
+    if (const auto token = RuleQ(c)) return *token;
+  }
+  return RuleN();
+}
+
+TLookAhead& TTokenReader::Ahead() {
+  return FAhead ? *FAhead : FAhead.emplace(Text, FWorkspace.Closers);
 }
 
 // Rule R: a right-to-left stretch. A thin space or zero-width unit between two right-to-left units joins them; a stop
 // that ends the sentence belongs to it.
 TBidiType TTokenReader::RuleR() {
+  std::int32_t place = Position;
   for (;;) {
-    while (!AtEnd() && ClassOf(Text[Position]).IsRTL()) ++Position;
-    if (!IsIn(Text.At(Position), 0x200A, 0x200C) || !ClassOf(Text.At(Position + 1)).IsRTL()) break;
-    Position += 2;
+    while (ClassOf(Text.At(place)).IsRTL()) ++place;
+    if (!IsIn(Text.At(place), 0x200A, 0x200C) || !ClassOf(Text.At(place + 1)).IsRTL()) break;
+    place += 2;
   }
-  if (CurrentBidi == TBidiType::RTL && IsSentenceStop(Position)) {
+  if (CurrentBidi == TBidiType::RTL && IsSentenceStop(Text, place)) {
     SentenceEnded = true;
-    ++Position;
+    ++place;
   }
+  Position = place;
   return TBidiType::RTL;
 }
 
 // Rule L: a left-to-right stretch, with the decimal and thousands marks inside its numbers.
 TBidiType TTokenReader::RuleL() {
   const bool keepsNumbersApart = PreviousBidi == TBidiType::RTL;
-  const auto goesOn = [&](char16_t c) {
-    return ClassOf(c).IsLTR() &&
-           !(keepsNumbersApart && (IsArabicIndicDigit(c) || (Settings.RTLMath && IsAsciiDigit(c))));
-  };
+  const bool asciiDigitsApart = keepsNumbersApart && Settings.RTLMath;
+  std::int32_t place = Position;
   for (;;) {
-    while (!AtEnd() && goesOn(Text[Position])) ++Position;
+    for (;; ++place) {
+      const char16_t c = Text.At(place);
+      if (!ClassOf(c).IsLTR()) break;
+      if (asciiDigitsApart && IsAsciiDigit(c)) break;
+      if (c > 0x7F && keepsNumbersApart && IsArabicIndicDigit(c)) break;
+    }
+    Position = place;
     if (AtEnd()) return TBidiType::LTR;
-    if (CurrentBidi == TBidiType::LTR && IsSentenceStop(Position)) {
+    if (CurrentBidi == TBidiType::LTR && IsSentenceStop(Text, place)) {
       SentenceEnded = true;
-      ++Position;
+      Position = place + 1;
       return TBidiType::LTR;
     }
-    const char16_t mark = Text[Position];
+    const char16_t mark = Text[place];
     const bool insideNumber =
-        (mark == u'.' || mark == u'\'') && IsAsciiDigit(Text.At(Position + 1)) && IsAsciiDigit(Text[Position - 1]);
+        (mark == u'.' || mark == u'\'') && IsAsciiDigit(Text.At(place + 1)) && IsAsciiDigit(Text[place - 1]);
     if (!insideNumber) return TBidiType::LTR;
-    Position += 2;
+    place += 2;
   }
 }
 
@@ -240,7 +285,11 @@ TBidiType TTokenReader::RuleD() {
   if (RuleD1LatinWord(here)) return TBidiType::LTR;
   if (RuleD2Date(here)) return TBidiType::ArabicDigit;
   if (HasArabicDigits) return TBidiType::LTR;  // D3
-  if (RuleD4BehindLatin()) return TBidiType::LTR;
+  if (RuleD4BehindLatin()) {
+    // The digits right behind it would each be the same token again, unless one of them begins a date.
+    if (!Has(TOrvGlobalOption::RTLDate)) Position = Ahead().SkipAsciiDigits(here);
+    return TBidiType::LTR;
+  }
   if (RuleD5Measure(here)) return TBidiType::ArabicDigit;
   const bool listIndex = RuleD7ListIndex(here);
   if (!Has(TOrvGlobalOption::DigitsBeforeLatinAreLatin)) return DigitsOfEquation(here, listIndex);
@@ -248,22 +297,22 @@ TBidiType TTokenReader::RuleD() {
 
   // D10 behind D6 and D7.
   if (!Settings.RTLMath && !listIndex) return TBidiType::LTR;
-  Position = listIndex ? FAhead.SkipAsciiDigits(here) : FAhead.NumberTailEnd(here);
+  Position = listIndex ? Ahead().SkipAsciiDigits(here) : Ahead().NumberTailEnd(here);
   AddRange(start, Position - 1);
   return TBidiType::ArabicDigit;
 }
 
 // D1: digits that run into a Latin word are one stretch with it ("3D").
 bool TTokenReader::RuleD1LatinWord(std::int32_t here) {
-  const std::int32_t end = FAhead.LatinWordEnd(here);
+  const std::int32_t end = Ahead().LatinWordEnd(here);
   if (end == TLookAhead::Fails) return false;
   Position = end;
   return true;
 }
 
 bool TTokenReader::RuleD2Date(std::int32_t here) {
-  if (!Has(TOrvGlobalOption::RTLDate) || !FAhead.IsDateAhead(here, Settings.DateSeparator)) return false;
-  Position = FAhead.SkipAsciiDigits(here);
+  if (!Has(TOrvGlobalOption::RTLDate) || !Ahead().IsDateAhead(here, Settings.DateSeparator)) return false;
+  Position = Ahead().SkipAsciiDigits(here);
   AddRange(here - 1, Position - 1);
   return true;
 }
@@ -287,7 +336,7 @@ bool TTokenReader::RuleD4BehindLatin() const {
 bool TTokenReader::RuleD5Measure(std::int32_t here) {
   const bool prime = Has(TOrvGlobalOption::PrimeInRightSideOfDigits);
   if (!prime && !Has(TOrvGlobalOption::MeasureSignsInRightSideOfDigits)) return false;
-  const std::int32_t end = FAhead.MeasureEnd(here, prime, Has(TOrvGlobalOption::PercentInRightSideOfDigits));
+  const std::int32_t end = Ahead().MeasureEnd(here, prime, Has(TOrvGlobalOption::PercentInRightSideOfDigits));
   if (end == TLookAhead::Fails) return false;
   Position = end;
   AddRange(here - 1, Position - 1);
@@ -297,12 +346,12 @@ bool TTokenReader::RuleD5Measure(std::int32_t here) {
 // D7: a number that opens a line, with a list mark behind it.
 bool TTokenReader::RuleD7ListIndex(std::int32_t here) {
   const bool opensLine = RunKind == TBidiType::LineParagraphSeparator || RunKind == TBidiType::NotExists;
-  return opensLine && Has(TOrvGlobalOption::RTLLineIndexOrder) && FAhead.IsLineIndexAhead(here);
+  return opensLine && Has(TOrvGlobalOption::RTLLineIndexOrder) && Ahead().IsLineIndexAhead(here);
 }
 
 // D8: a number before a Latin word is left-to-right, blanks and all.
 bool TTokenReader::RuleD8BeforeLatin(std::int32_t here) {
-  const std::int32_t word = FAhead.SkipBlanks(FAhead.NumberTailEnd(here));
+  const std::int32_t word = Ahead().SkipBlanks(Ahead().NumberTailEnd(here));
   const TUnitClass kind = ClassOf(Text.At(word));
   if (!kind.IsLetter() || kind.IsRTL()) return false;
   Position = word;
@@ -313,22 +362,22 @@ bool TTokenReader::RuleD8BeforeLatin(std::int32_t here) {
 TBidiType TTokenReader::DigitsOfEquation(std::int32_t here, bool listIndex) {
   const std::int32_t start = here - 1;
   if (listIndex && Settings.Corrections.Contains(TOrvCorrection::LineIndex)) {
-    Position = FAhead.SkipAsciiDigits(here);
+    Position = Ahead().SkipAsciiDigits(here);
     AddRange(start, Position - 1);
     return TBidiType::ArabicDigit;
   }
   if (Settings.RTLMath) return TBidiType::ArabicDigit;
-  const std::int32_t end = FAhead.EquationEnd(here);
+  const std::int32_t end = Ahead().EquationEnd(here);
   if (end != TLookAhead::Fails) {
     Position = end;
     return TBidiType::ArabicDigit;
   }
   if (CurrentBidi == TBidiType::LTR) {
-    Position = FAhead.SkipAsciiDigits(here);
+    Position = Ahead().SkipAsciiDigits(here);
     AddRange(start, Position - 1);
     return TBidiType::ArabicDigit;
   }
-  Position = FAhead.NumberTailEnd(here);
+  Position = Ahead().NumberTailEnd(here);
   return TBidiType::LTR;
 }
 

@@ -25,8 +25,8 @@ struct TSplitSettings {
   static TSplitSettings Current(TParagraphBidi paragraphBidi);
 };
 
-// One saved state of a bracket or quote.
-struct TBidiStackData {
+// One saved state of a bracket or quote. The stack is counted at every step, which a power of two makes cheap.
+struct alignas(16) TBidiStackData {
   TBidiType Bidi;
   std::int32_t TurnIndex;
   std::int32_t EndOfLine;
@@ -90,6 +90,7 @@ class TTokenReader {
   TBidiType RuleL();
   TBidiType RuleLineEnd();
   TBidiType RuleS();
+  TBidiType RulePunctuation(char16_t c);
   std::optional<TBidiType> RuleP();
   std::optional<TBidiType> RuleQ(char16_t quote);
   TBidiType RuleBOpen(char16_t opener);
@@ -106,17 +107,19 @@ class TTokenReader {
   TBidiType DigitsOfEquation(std::int32_t here, bool listIndex);
 
   bool Has(TOrvGlobalOption option) const { return Settings.Options.Contains(option); }
-  bool IsSentenceStop(std::int32_t place) const;
   std::int32_t SkipBlanksBehindStop(std::int32_t place) const;
   TBidiType Classify(char16_t c) const { return ClassifyChar(c, Settings.RTLMath); }
-  TBidiType ClassifyInside(char16_t closer) { return Classify(FAhead.FindInnerStrong(Position, closer)); }
+  TBidiType ClassifyInside(char16_t closer) { return Classify(Ahead().FindInnerStrong(Position, closer)); }
   void PushDirection(TBidiType inside, TBidiType comparison);
   void PopDirection(TBidiType comparison);
   void AddRange(std::int32_t low, std::int32_t high) { Runs.Ranges.push_back({low, high}); }
   bool& IsOpenQuote(char16_t quote) { return quote == u'"' ? FDoubleQuoteOpen : FSingleQuoteOpen; }
 
-  TLookAhead FAhead;
-  std::int32_t FBracketDepth = 0;  // open brackets and quotes
+  TLookAhead& Ahead();
+
+  TWorkspace& FWorkspace;
+  std::optional<TLookAhead> FAhead;  // most texts need none
+  std::int32_t FBracketDepth = 0;    // open brackets and quotes
   bool FDoubleQuoteOpen = false;
   bool FSingleQuoteOpen = false;
 };

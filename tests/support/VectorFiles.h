@@ -21,8 +21,8 @@ struct TVector {
 // of different lengths.
 std::vector<TVector> ReadVectors(const std::filesystem::path& name);
 
-// Whether two answers agree: id and ok equal, results equal with numbers to 1e-9, errors by class alone. Answers the
-// first difference as a path and both values, or an empty text.
+// Whether two answers agree: id and ok equal, results equal with numbers to 1e-9, errors by class alone; the date-time
+// beside a false Result is not compared. Answers the first difference as a path and both values, or an empty text.
 std::string Difference(const eval::TJson& expected, const eval::TJson& actual);
 
 // Answers every request with that op (all of them for an empty op) through orv::eval::Answer and fails the running test

@@ -8,7 +8,7 @@ namespace orv::eval {
 namespace {
 
 std::string Quoted(std::string_view name) {
-  return "'" + std::string(name) + "'";
+  return std::string(1, '\'').append(name).append(1, '\'');
 }
 
 bool IsIntegerIn(const TJson& value, std::int64_t low, std::int64_t high) {

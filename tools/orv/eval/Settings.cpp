@@ -48,7 +48,9 @@ TOrvEditorOptions ReadEditorOptions(const TJson& value) {
 }  // namespace
 
 TSettingsScope::TSettingsScope(const TArguments& request) : FFormer(Current()) {
-  Put(request.Has("settings") ? Read(request.At("settings")) : TState());
+  const TState state = request.Has("settings") ? Read(request.At("settings")) : TState();
+  Put(state);
+  if (state.Today) FClock.emplace(*state.Today);
 }
 
 TSettingsScope::~TSettingsScope() {
@@ -57,7 +59,8 @@ TSettingsScope::~TSettingsScope() {
 
 TSettingsScope::TState TSettingsScope::Current() {
   using S = TOrvGlobalSettings;
-  return {S::EquationOrder, S::ArabicDigitType, S::Options, S::EditorOptions, S::Corrections, rtl::FormatSettings()};
+  return {S::EquationOrder, S::ArabicDigitType,    S::Options, S::EditorOptions,
+          S::Corrections,   rtl::FormatSettings(), {}};
 }
 
 void TSettingsScope::Put(const TState& state) {
@@ -87,6 +90,8 @@ TSettingsScope::TState TSettingsScope::Read(const TJson& settings) {
       state.Corrections = ReadCorrections(value);
     } else if (name == "DateSeparator") {
       state.FormatSettings.DateSeparator = fields.CodeUnit(name);
+    } else if (name == "Today") {
+      state.Today = fields.Number(name);
     } else {
       throw BadRequest("'settings' has no member named '" + name + "'");
     }

@@ -1,6 +1,9 @@
 // The settings of a request: laid over the defaults for that request alone.
 #pragma once
 
+#include <optional>
+
+#include "rtl/Clock.h"
 #include "rtl/FormatSettings.h"
 #include "tools/orv/eval/Arguments.h"
 #include "unicode/OrvSystem.GlobalSettings.h"
@@ -24,12 +27,14 @@ class TSettingsScope {
     TOrvEditorOptions EditorOptions;
     TOrvCorrections Corrections = AllCorrections;
     rtl::TFormatSettings FormatSettings;
+    std::optional<rtl::TDateTime> Today;  // the clock; the computer's own when empty
   };
   static TState Current();
   static void Put(const TState& state);
   static TState Read(const TJson& settings);
 
   TState FFormer;
+  std::optional<rtl::TClockScope> FClock;
 };
 
 }  // namespace orv::eval

@@ -1,5 +1,5 @@
-// Splitting into directional runs, beside ICU and FriBidi: paragraph by paragraph, one paragraph of 10 MB, and the
-// first-strong test alone. All decide the paragraph's direction by its first strong character.
+// Splitting into directional runs, beside ICU and FriBidi: paragraph by paragraph, one paragraph of 1 and of 10 MB,
+// and the first-strong test alone. All decide the paragraph's direction by its first strong character.
 #include <string>
 
 #include "bench/Rooms.h"
@@ -79,21 +79,20 @@ void AddSplitRows(const std::string& name, const TCorpus& corpus) {
   AddRow(prefix + "fribidi", corpus.Units(), [&corpus](benchmark::State& state) { SplitWithFriBidi(state, corpus); });
 }
 
-// The long text is made when its first row runs.
-void AddLongRows(const std::string& name) {
-  const std::string prefix = "split-10MB/" + name + "/";
+// One long paragraph. Its text is made when its first row runs.
+void AddLongRows(const std::string& name, const std::string& prefix, std::int64_t units) {
   for (const TWay& way : Ways) {
-    AddRow(prefix + way.Name, TenMegabyteUnits,
-           [name, way](benchmark::State& state) { Split(state, *TenMegabytes(name), way.Corrections); });
+    AddRow(prefix + way.Name, units,
+           [name, way, units](benchmark::State& state) { Split(state, *OneParagraph(name, units), way.Corrections); });
   }
-  // Without its paragraph ends the synthetic text leaves thousands of brackets and isolates open, on which one peer
-  // takes minutes and the other one crashes.
-  if (name == "synth") return;
-  AddRow(prefix + "icu", TenMegabyteUnits, [name](benchmark::State& state) {
-    SplitWithIcu(state, *TenMegabytes(name), TIcuBidi::TLogicalRuns::ByLevels);
+}
+
+void AddLongPeerRows(const std::string& name, const std::string& prefix, std::int64_t units) {
+  AddRow(prefix + "icu", units, [name, units](benchmark::State& state) {
+    SplitWithIcu(state, *OneParagraph(name, units), TIcuBidi::TLogicalRuns::ByLevels);
   });
-  AddRow(prefix + "fribidi", TenMegabyteUnits,
-         [name](benchmark::State& state) { SplitWithFriBidi(state, *TenMegabytes(name)); });
+  AddRow(prefix + "fribidi", units,
+         [name, units](benchmark::State& state) { SplitWithFriBidi(state, *OneParagraph(name, units)); });
 }
 
 void AddFirstStrongRows(const std::string& prefix, const TCorpus& corpus) {
@@ -111,7 +110,11 @@ void RegisterSplit() {
     const TCorpus* corpus = Corpus(name);
     if (corpus == nullptr) continue;
     AddSplitRows(name, *corpus);
-    AddLongRows(name);
+    AddLongRows(name, "split-1MB/" + name + "/", MegabyteUnits);
+    AddLongRows(name, "split-10MB/" + name + "/", 10 * MegabyteUnits);
+    // Without its paragraph ends the synthetic text leaves thousands of brackets and isolates open, on which one peer
+    // takes minutes and the other one crashes.
+    if (name != "synth") AddLongPeerRows(name, "split-10MB/" + name + "/", 10 * MegabyteUnits);
     AddFirstStrongRows("first-strong/" + name + "/", *corpus);
   }
 }

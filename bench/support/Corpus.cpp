@@ -15,7 +15,7 @@ namespace orv::bench {
 
 namespace {
 
-using TCorpora = std::map<std::string, std::unique_ptr<TCorpus>, std::less<>>;
+using TCorpora = std::map<std::string, std::unique_ptr<TCorpus>>;
 
 std::optional<std::u16string> ReadText(std::string_view name) {
   const char* folder = std::getenv("ORV_CORPORA");
@@ -39,21 +39,22 @@ std::unique_ptr<TCorpus> Load(std::string_view name) {
   return text ? std::make_unique<TCorpus>(std::move(*text)) : nullptr;
 }
 
-std::unique_ptr<TCorpus> LoadTenMegabytes(std::string_view name) {
+std::unique_ptr<TCorpus> LoadOneParagraph(std::string_view name, std::size_t units) {
   const TCorpus* corpus = Corpus(name);
   if (corpus == nullptr) return nullptr;
   std::u16string once;
   for (const std::u16string_view paragraph : corpus->Paragraphs()) once.append(paragraph).append(u" ");
   std::replace_if(once.begin(), once.end(), IsParagraphEnd, u' ');
   std::u16string text;
-  constexpr std::size_t size = TenMegabyteUnits;
-  while (text.size() < size) text.append(once, 0, size - text.size());
+  while (text.size() < units) text.append(once, 0, units - text.size());
   return std::make_unique<TCorpus>(std::move(text));
 }
 
-const TCorpus* Find(TCorpora& corpora, std::string_view name, std::unique_ptr<TCorpus> (*load)(std::string_view)) {
-  auto found = corpora.find(name);
-  if (found == corpora.end()) found = corpora.emplace(std::string(name), load(name)).first;
+// What was loaded under a key, loading it when asked for the first time.
+template <typename F>
+const TCorpus* Kept(TCorpora& corpora, const std::string& key, F load) {
+  auto found = corpora.find(key);
+  if (found == corpora.end()) found = corpora.emplace(key, load()).first;
   return found->second.get();
 }
 
@@ -83,12 +84,13 @@ std::span<const std::string_view> CorpusNames() {
 
 const TCorpus* Corpus(std::string_view name) {
   static TCorpora corpora;
-  return Find(corpora, name, Load);
+  return Kept(corpora, std::string(name), [name] { return Load(name); });
 }
 
-const TCorpus* TenMegabytes(std::string_view name) {
+const TCorpus* OneParagraph(std::string_view name, std::int64_t units) {
   static TCorpora corpora;
-  return Find(corpora, name, LoadTenMegabytes);
+  return Kept(corpora, std::string(name) + "/" + std::to_string(units),
+              [name, units] { return LoadOneParagraph(name, static_cast<std::size_t>(units)); });
 }
 
 std::u32string ToUtf32(std::u16string_view text) {

@@ -40,9 +40,9 @@ std::span<const std::string_view> CorpusNames();
 // file cannot be read; the first such answer says so on standard error. Kept for the life of the process.
 const TCorpus* Corpus(std::string_view name);
 
-// The same text as one paragraph of 10 MB of UTF-16: every paragraph end a blank, the whole repeated.
-inline constexpr std::int64_t TenMegabyteUnits = 10 * 1024 * 1024 / sizeof(char16_t);
-const TCorpus* TenMegabytes(std::string_view name);
+// The same text as one paragraph of so many code units: every paragraph end a blank, the whole repeated or cut.
+const TCorpus* OneParagraph(std::string_view name, std::int64_t units);
+inline constexpr std::int64_t MegabyteUnits = 1024 * 1024 / sizeof(char16_t);
 
 std::u32string ToUtf32(std::u16string_view text);
 

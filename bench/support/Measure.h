@@ -20,13 +20,10 @@ inline void ReportPerUnit(benchmark::State& state, std::int64_t units) {
 // Registers run(state), which does its own loop, as a row of that name.
 template <typename F>
 void AddRow(const std::string& name, std::int64_t units, F run) {
-  benchmark::RegisterBenchmark(name.c_str(),
-                               [units, run = std::move(run)](benchmark::State& state) {
-                                 run(state);
-                                 ReportPerUnit(state, units);
-                               })
-      ->MinTime(0.1)
-      ->Unit(benchmark::kMillisecond);
+  benchmark::RegisterBenchmark(name.c_str(), [units, run = std::move(run)](benchmark::State& state) {
+    run(state);
+    ReportPerUnit(state, units);
+  })->Unit(benchmark::kMillisecond);
 }
 
 // Holds a set of corrections while it lives.

@@ -112,9 +112,8 @@ std::optional<TDateTime> TryEncodeDateMonthWeek(const TMonthWeek& date) {
 }
 
 std::optional<TDateTime> TryEncodeDayOfWeekInMonth(const TNthWeekDay& date) {
-  const std::int32_t first = DayOfTheWeek(EncodeDate({date.Year, date.Month, 1}));
-  const std::int32_t toFirstOne = date.DayOfWeek - first + (date.DayOfWeek < first ? DaysPerWeek : 0);
-  return TryEncodeDate({date.Year, date.Month, Word(toFirstOne + (date.Nth - 1) * DaysPerWeek + 1)});
+  const std::uint16_t first = DayOfTheWeek(EncodeDate({date.Year, date.Month, 1}));
+  return TryEncodeDate({date.Year, date.Month, DayOfNthWeekDay(first, date.Nth, date.DayOfWeek)});
 }
 
 TDateParts IncAMonth(const TDateParts& date, std::int32_t months) {

@@ -109,17 +109,20 @@ std::optional<TDateTime> TOrvCalendarCalc::FormatStringFullToDateTime(std::u16st
   const TReaderRules rules = {FormatSettings, MeridiemTexts(),          MinYear,
                               MaxYear,        ShortYearStartingCentury, FormatSettings.TwoDigitYearCenturyWindow};
   const auto parts = ReadByFormat(rules, format, text);
-  if (!parts) return std::nullopt;
-  const auto time = TimeRead(*parts);
-  if (!time) return std::nullopt;
-  const auto seen = [&parts](TReadField field) { return parts->Seen.Contains(field); };
-  const TDateParts date = {seen(TReadField::Year) ? static_cast<std::uint16_t>(parts->Year) : CurrentYear(),
-                           seen(TReadField::Month) ? parts->Month : CurrentMonth(),
-                           seen(TReadField::Day) ? parts->Day : CurrentDay()};
-  const auto value = TryEncodeDateTime({date, *time});
-  if (!value || !seen(TReadField::DayName)) return value;
+  const auto value = parts ? TryEncodeRead(*parts) : std::nullopt;
+  if (!value || !parts->Seen.Contains(TReadField::DayName)) return value;
   // The day's number from 0 against the name's from 1: the name that passes is that of the next day.
   return TDayOfWeekHelper::Ordinal(DayOfTheWeek(*value)) == parts->DayOfWeek ? value : std::nullopt;
+}
+
+std::optional<TDateTime> TOrvCalendarCalc::TryEncodeRead(const TReadParts& parts) const {
+  const auto time = TimeRead(parts);
+  if (!time) return std::nullopt;
+  const auto seen = [&parts](TReadField field) { return parts.Seen.Contains(field); };
+  const TDateParts date = {seen(TReadField::Year) ? static_cast<std::uint16_t>(parts.Year) : CurrentYear(),
+                           seen(TReadField::Month) ? parts.Month : CurrentMonth(),
+                           seen(TReadField::Day) ? parts.Day : CurrentDay()};
+  return TryEncodeDateTime({date, *time});
 }
 
 TDateTime TOrvCalendarCalc::StringToDateTime(std::u16string_view format, std::u16string_view text) const {

@@ -323,8 +323,7 @@ void TOrvCalendarCalc::SetLocale(std::u16string_view name) {
 
 void TOrvCalendarCalc::InitCenturyWindows() {
   const std::int32_t year = YearOf(rtl::Today());
-  // The century that eighty years ago belonged to.
-  ShortYearStartingCentury = Word((year - 80) / 100 * 100);
+  ShortYearStartingCentury = CenturyStartIn(year);
   const std::int32_t decades = (year + 9) / 10;
   FormatSettings.TwoDigitYearCenturyWindow = Word(decades >= 8 ? 20 : (decades + 2) * 10);
 }

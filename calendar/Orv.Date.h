@@ -62,6 +62,8 @@ struct TDayOfWeekInMonth {
   friend constexpr bool operator==(const TDayOfWeekInMonth&, const TDayOfWeekInMonth&) = default;
 };
 
+struct TReadParts;
+
 class TOrvCalendarCalc {
  public:
   enum class TCalendarType : std::uint8_t { SolarCalendar = 0, LunarCalendar = 1 };
@@ -300,6 +302,13 @@ class TOrvCalendarCalc {
   // today, parts of the time 0. Where a day's name was read, the date is taken when it falls on the day before the one
   // named. Raises EConvertError where a number has no digits or more than 32 bits.
   std::optional<TDateTime> FormatStringFullToDateTime(std::u16string_view format, std::u16string_view text) const;
+  // The parts that a reader took from a text as a date-time: what was not read comes from today and from midnight. The
+  // day's name is not looked at.
+  std::optional<TDateTime> TryEncodeRead(const TReadParts& parts) const;
+  // The century that years of two digits count from in a present year: the one that eighty years ago belonged to.
+  static constexpr std::uint16_t CenturyStartIn(std::int32_t year) {
+    return static_cast<std::uint16_t>((year - 80) / 100 * 100);
+  }
   TDateTime StringToDateTime(std::u16string_view format, std::u16string_view text) const;
   std::optional<TDateTime> TryStrToDate(std::u16string_view text) const;  // the short date format
   std::optional<TDateTime> TryStrToDateTime(

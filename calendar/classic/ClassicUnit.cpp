@@ -123,10 +123,10 @@ std::optional<TDateTime> TClassicUnit<TCore>::FormatStringFullToDateTime(std::u1
                               MeridiemTexts(settings),
                               MinYearRead,
                               MaxYearRead,
-                              TOrvCalendarCalc::CenturyBaseIn(CurrentYear()),
+                              TOrvCalendarCalc::CenturyStartIn(CurrentYear()),
                               settings.TwoDigitYearCenturyWindow};
   const auto parts = ReadByFormat(rules, format, text);
-  const auto value = parts ? DateTimeRead(*parts, Core()) : std::nullopt;
+  const auto value = parts ? Core().TryEncodeRead(*parts) : std::nullopt;
   if (!value || !parts->Seen.Contains(TReadField::DayName)) return value;
   return Core().NameNumber(*value) == parts->DayOfWeek ? value : std::nullopt;
 }

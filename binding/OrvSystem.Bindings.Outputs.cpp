@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <optional>
+#include <span>
+#include <string_view>
 
 #include "calendar/classic/PDateTime.h"
 #include "rtl/Convert.h"

@@ -4,6 +4,8 @@
 // The settings are class-wide and have no lock: main thread. Bad text never raises; it gives False or the empty value.
 #pragma once
 
+#include <utility>
+
 #include "rtl/Strings.h"
 #include "rtl/Value.h"
 

@@ -16,6 +16,20 @@
 namespace orv {
 
 class IDateTime {
+  static constexpr bool IsOwn(TJhCalendarType t) { return t == ctPersian || t == ctIslamic; }
+
+  template <typename TCall>
+  static decltype(auto) In(TJhCalendarType t, const TCall& call) {
+    switch (t) {
+      case ctPersian:
+        return call(PDateTime());
+      case ctIslamic:
+        return call(ADateTime());
+      default:
+        return call(classic::TClassicUnit<classic::TGregorianCore>());
+    }
+  }
+
  public:
   using TSettings = rtl::TFormatSettings;
   using TCalendarType = TOrvCalendarCalc::TCalendarType;
@@ -484,21 +498,6 @@ class IDateTime {
   static TLocatedField Parser(TJhCalendarType t, std::int32_t fieldNumber, std::u16string_view format,
                               std::u16string_view text) {
     return In(t, [&](auto unit) { return unit.Parser(fieldNumber, format, text); });
-  }
-
- private:
-  static constexpr bool IsOwn(TJhCalendarType t) { return t == ctPersian || t == ctIslamic; }
-
-  template <typename TCall>
-  static decltype(auto) In(TJhCalendarType t, const TCall& call) {
-    switch (t) {
-      case ctPersian:
-        return call(PDateTime());
-      case ctIslamic:
-        return call(ADateTime());
-      default:
-        return call(classic::TClassicUnit<classic::TGregorianCore>());
-    }
   }
 };
 

@@ -23,6 +23,25 @@ rtl::TFormatSettings& CopyFromSunday() {
   return settings;
 }
 
+// Saturday, the first name, becomes the last one.
+void BeginOnSunday(rtl::TDayNames& names) {
+  std::rotate(names.Names.begin(), names.Names.begin() + 1, names.Names.end());
+}
+
+}  // namespace
+
+const rtl::TMonthNames& JulianShortMonthNames() {
+  static const rtl::TMonthNames names =
+      MonthsOf(rscJan, rscFeb, rscMar, rscApr, rscMay, rscJun, rscJul, rscAug, rscSep, rscOct, rscNov, rscDec);
+  return names;
+}
+
+const rtl::TMonthNames& JulianLongMonthNames() {
+  static const rtl::TMonthNames names = MonthsOf(rscJanuary, rscFebruary, rscMarch, rscApril, rscMay, rscJun, rscJuly,
+                                                 rscAugest, rscSeptember, rscOctober, rscNovember, rscDecember);
+  return names;
+}
+
 void MakePersian(rtl::TFormatSettings& settings) {
   settings.CurrencyString = rscRial.Text;
   settings.CurrencyFormat = 2;
@@ -42,25 +61,6 @@ void MakePersian(rtl::TFormatSettings& settings) {
   settings.LongMonthNames = PersianMonths();
   settings.ShortDayNames = ShortWeekDays();
   settings.LongDayNames = WeekDays();
-}
-
-// Saturday, the first name, becomes the last one.
-void BeginOnSunday(rtl::TDayNames& names) {
-  std::rotate(names.Names.begin(), names.Names.begin() + 1, names.Names.end());
-}
-
-}  // namespace
-
-const rtl::TMonthNames& JulianShortMonthNames() {
-  static const rtl::TMonthNames names =
-      MonthsOf(rscJan, rscFeb, rscMar, rscApr, rscMay, rscJun, rscJul, rscAug, rscSep, rscOct, rscNov, rscDec);
-  return names;
-}
-
-const rtl::TMonthNames& JulianLongMonthNames() {
-  static const rtl::TMonthNames names = MonthsOf(rscJanuary, rscFebruary, rscMarch, rscApril, rscMay, rscJun, rscJuly,
-                                                 rscAugest, rscSeptember, rscOctober, rscNovember, rscDecember);
-  return names;
 }
 
 void InitLocale() {

@@ -9,9 +9,11 @@ namespace orv {
 const rtl::TMonthNames& JulianShortMonthNames();
 const rtl::TMonthNames& JulianLongMonthNames();
 
-// Overwrites the fields of the process-wide settings that a Persian user expects otherwise: names of Jalali months, of
-// days beginning on Saturday, formats, separators, currency. Fields without a Persian value of their own stay. One of
-// the start-up steps of the library; main thread.
+// Overwrites the fields of a record that a Persian user expects otherwise: names of Jalali months, of days beginning on
+// Saturday, formats, separators, currency. Fields without a Persian value of their own stay.
+void MakePersian(rtl::TFormatSettings& settings);
+
+// Does so with the process-wide settings. One of the start-up steps of the library; main thread.
 void InitLocale();
 
 // The copies made by the last InitLocale, with "," as thousand separator; in the second the day names begin on Sunday,

@@ -12,7 +12,8 @@ TEST_P(CalendarVectors, Hold) {
   testing::ExpectVectorsHold("calendar/calendar", GetParam());
 }
 
-INSTANTIATE_TEST_SUITE_P(Op, CalendarVectors, ::testing::Values("dmyToDay", "dayToDMY", "jalaliJD0", "calendar"),
+INSTANTIATE_TEST_SUITE_P(Op, CalendarVectors,
+                         ::testing::Values("dmyToDay", "dayToDMY", "jalaliJD0", "calendar", "classic", "lcid", "bind"),
                          [](const auto& op) { return op.param; });
 
 }  // namespace

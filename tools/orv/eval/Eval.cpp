@@ -14,7 +14,7 @@ namespace {
 constexpr int DepthLimit = 64;
 
 std::vector<std::span<const TOp>> OpTables() {
-  return {TextOps(), CalendarOps()};
+  return {TextOps(), CalendarOps(), ClassicOps()};
 }
 
 const TOp* FindOp(std::string_view name) {

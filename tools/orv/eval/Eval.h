@@ -22,6 +22,7 @@ struct TOp {
 // The operations of each subsystem, one table a file.
 std::span<const TOp> TextOps();
 std::span<const TOp> CalendarOps();
+std::span<const TOp> ClassicOps();
 
 // The answer to one request line, without a line end. Never raises.
 std::string Answer(std::string_view line);

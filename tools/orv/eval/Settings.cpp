@@ -1,5 +1,6 @@
 #include "tools/orv/eval/Settings.h"
 
+#include "calendar/classic/InitLocale.h"
 #include "tools/orv/eval/Names.h"
 
 namespace orv::eval {
@@ -55,6 +56,12 @@ TSettingsScope::TSettingsScope(const TArguments& request) : FFormer(Current()) {
 
 TSettingsScope::~TSettingsScope() {
   Put(FFormer);
+}
+
+rtl::TFormatSettings TSettingsScope::SettingsAtStart() {
+  rtl::TFormatSettings settings;
+  MakePersian(settings);
+  return settings;
 }
 
 TSettingsScope::TState TSettingsScope::Current() {

@@ -26,9 +26,11 @@ class TSettingsScope {
     TOrvGlobalOptions Options;
     TOrvEditorOptions EditorOptions;
     TOrvCorrections Corrections = AllCorrections;
-    rtl::TFormatSettings FormatSettings;
+    rtl::TFormatSettings FormatSettings = SettingsAtStart();
     std::optional<rtl::TDateTime> Today;  // the clock; the computer's own when empty
   };
+  // What the library's start-up leaves in force.
+  static rtl::TFormatSettings SettingsAtStart();
   static TState Current();
   static void Put(const TState& state);
   static TState Read(const TJson& settings);

@@ -92,14 +92,6 @@ bool HoldsForeignLetter(const TText& text, std::int32_t from, std::int32_t end, 
   return false;
 }
 
-bool HoldsForeignLetter(const TText& text, const TDirectionalRuns& runs) {
-  for (std::size_t run = 0; run < runs.Bidi.size(); ++run)
-    if (runs.Bidi[run] != TBidi::ParagraphSeparator &&
-        HoldsForeignLetter(text, runs.Offsets[run], runs.Offsets[run + 1], runs.Bidi[run]))
-      return true;
-  return false;
-}
-
 void CutRun(const TText& text, std::int32_t from, std::int32_t end, TBidi own, TBidi paragraph, TRecutter& recutter) {
   TBidi direction = own;
   bool metLetter = false;
@@ -158,9 +150,18 @@ void SeparateLineEnds(std::u16string_view s, TBidi paragraph, TDirectionalRuns& 
   OrderByLines(runs);
 }
 
+bool HoldsForeignLetter(std::u16string_view s, const TDirectionalRuns& runs) {
+  const TText text(s);
+  for (std::size_t run = 0; run < runs.Bidi.size(); ++run)
+    if (runs.Bidi[run] != TBidi::ParagraphSeparator &&
+        HoldsForeignLetter(text, runs.Offsets[run], runs.Offsets[run + 1], runs.Bidi[run]))
+      return true;
+  return false;
+}
+
 void CutToOwnDirection(std::u16string_view s, TBidi paragraph, TDirectionalRuns& runs) {
   const TText text(s);
-  if (!HoldsForeignLetter(text, runs)) return;
+  if (!HoldsForeignLetter(s, runs)) return;
   TRecutter recutter(runs);
   for (std::size_t run = 0; run < runs.Bidi.size(); ++run) {
     recutter.BeginRun();

@@ -17,4 +17,7 @@ void SeparateLineEnds(std::u16string_view s, TBidi paragraph, TDirectionalRuns& 
 // in the visual order.
 void CutToOwnDirection(std::u16string_view s, TBidi paragraph, TDirectionalRuns& runs);
 
+// Whether some run holds a letter of the other direction.
+bool HoldsForeignLetter(std::u16string_view s, const TDirectionalRuns& runs);
+
 }  // namespace orv::engine

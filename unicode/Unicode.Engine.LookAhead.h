@@ -33,6 +33,13 @@ inline bool IsSentenceStop(const TText& text, std::int32_t place) {
   return text.At(place) == u'.' && (place + 1 >= text.Length() || ClassOf(text[place + 1]).IsWhiteSpace());
 }
 
+// Whether a quote at the place counts even where none like it is open: two units before it stands a blank or a colon.
+inline bool QuoteMayCount(const TText& text, std::int32_t place) {
+  if (place < 2) return false;
+  const char16_t before = text[place - 2];
+  return before == u':' || ClassOf(before).Category() == TCategory::Zs;
+}
+
 // The place of the next unit that passes a test, asked from places that never go back. Each stretch is searched once.
 class TNextPlace {
  public:

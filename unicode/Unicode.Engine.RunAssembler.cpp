@@ -83,7 +83,8 @@ constexpr TBoundaryTable BoundaryTable;
 
 }  // namespace
 
-void TRunAssembler::Run() {
+// The loop and all it calls are one function to the compiler: the steps are short, and calls would cost as much again.
+[[gnu::flatten]] void TRunAssembler::Run() {
   FRuns.Offsets.push_back(0);
   while (!FReader.AtEnd()) {
     if (SkipStretch()) continue;
@@ -101,7 +102,8 @@ bool TRunAssembler::SkipStretch() {
   const TBidiType direction = FReader.CurrentBidi;
   const bool rtl = direction == TBidiType::RTL;
   if (!MayBeginStretch(FReader.Text, FReader.Position, rtl)) return false;
-  const TStretch stretch = FindStretch(FReader.Text, FReader.Position, rtl);
+  const TStretch stretch =
+      FindStretch(FReader.Text, FReader.Position, {rtl, FReader.SingleQuoteOpen, FReader.DoubleQuoteOpen});
   FStretchSeen = stretch.SeenEnd;
   if (stretch.End == FReader.Position) return false;
   FReader.Position = stretch.End;
@@ -372,6 +374,7 @@ void TRunAssembler::ResolveBoundary(TBidiType direction, TBidiType token, std::i
       break;
     case TBoundary::RunBeforeDigits:
       StartRun(TBidiType::RTL, end);
+      FMayHoldForeign = true;  // a unit of measure lies in the digits' token
       break;
     case TBoundary::Extend:
       ExtendRun(end);
@@ -388,6 +391,7 @@ void TRunAssembler::ResolveBoundary(TBidiType direction, TBidiType token, std::i
       break;
     case TBoundary::AppendAtTurn:
       AppendRun(direction, true, end);
+      FMayHoldForeign = true;  // the next token lies in the run, whatever its kind
       break;
   }
 }

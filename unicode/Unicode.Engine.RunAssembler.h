@@ -16,6 +16,9 @@ class TRunAssembler {
   // Reads the whole text. The reader's runs then hold the result.
   void Run();
 
+  // Whether a run may hold a letter of the other direction. Where this says no, none does.
+  bool MayHoldForeignLetter() const { return FMayHoldForeign; }
+
  private:
   // What follows a step of the main loop.
   enum class TFlow { StepEnd, NextStep, Leave };
@@ -48,7 +51,8 @@ class TRunAssembler {
   TBidiType FNextToken = TBidiType::Neutral;
   std::size_t FStackCountBefore = 0;  // a lower count at the step's end: a bracket or quote has closed
   std::int32_t FRunStart = 0;         // in the blank branch: where the blanks end
-  std::int32_t FStretchSeen = 0;      // up to here the text was searched for a stretch of one direction
+  bool FMayHoldForeign = false;
+  std::int32_t FStretchSeen = 0;  // up to here the text was searched for a stretch of one direction
 };
 
 }  // namespace orv::engine

@@ -8,7 +8,7 @@ namespace {
 template <bool Rtl>
 class TStretchFinder {
  public:
-  explicit TStretchFinder(const TText& text) : FText(text) {}
+  TStretchFinder(const TText& text, TStretchContext context) : FText(text), FContext(context) {}
 
   // from holds a plain unit.
   TStretch Find(std::int32_t from) const {
@@ -35,11 +35,14 @@ class TStretchFinder {
     return static_cast<std::int32_t>(unit - FText.Data());
   }
 
-  // Whether a unit that is not plain by itself is so where it stands: a stop between two words is a neutral, and a
-  // zero-width blank behind a word a blank. Behind another blank it would be a token of its own.
+  // Whether a unit that is not plain by itself is so where it stands. A stop between two words is a neutral, and so is
+  // a quote that does not count. A zero-width blank behind a word is a blank; behind another blank it would be a token
+  // of its own.
   bool IsPassedHere(std::int32_t from, std::int32_t place) const {
     const char16_t c = FText[place];
     if (c == u'.') return ClassOf(FText.At(place + 1)).In(LettersAndDigits);
+    if (c == u'\'') return !FContext.SingleQuoteOpen && !QuoteMayCount(FText, place);
+    if (c == u'"') return !FContext.DoubleQuoteOpen && !QuoteMayCount(FText, place);
     return IsZeroWidthBlank(c) && place > from && IsInWord(place - 1);
   }
 
@@ -71,12 +74,13 @@ class TStretchFinder {
   }
 
   const TText& FText;
+  const TStretchContext FContext;
 };
 
 }  // namespace
 
-TStretch FindStretch(const TText& text, std::int32_t from, bool rtl) {
-  return rtl ? TStretchFinder<true>(text).Find(from) : TStretchFinder<false>(text).Find(from);
+TStretch FindStretch(const TText& text, std::int32_t from, TStretchContext context) {
+  return context.Rtl ? TStretchFinder<true>(text, context).Find(from) : TStretchFinder<false>(text, context).Find(from);
 }
 
 }  // namespace orv::engine

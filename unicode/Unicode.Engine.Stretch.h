@@ -24,7 +24,14 @@ struct TStretch {
   bool SentenceEnded;    // the stretch ends in a stop that ends its sentence
 };
 
+// What a stretch depends on besides the text.
+struct TStretchContext {
+  bool Rtl;
+  bool SingleQuoteOpen;
+  bool DoubleQuoteOpen;
+};
+
 // from is the place of a token that a main step is about to read, and MayBeginStretch has said yes to it.
-TStretch FindStretch(const TText& text, std::int32_t from, bool rtl);
+TStretch FindStretch(const TText& text, std::int32_t from, TStretchContext context);
 
 }  // namespace orv::engine

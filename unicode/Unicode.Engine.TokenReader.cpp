@@ -228,9 +228,8 @@ std::optional<TBidiType> TTokenReader::RuleP() {
 
 // Rule Q: a quote counts where two units before it stands a blank or a colon, or where its like is open.
 std::optional<TBidiType> TTokenReader::RuleQ(char16_t quote) {
-  const char16_t before = Position >= 3 ? Text[Position - 3] : u'\0';
-  bool& open = IsOpenQuote(quote);
-  if (ClassOf(before).Category() != TCategory::Zs && before != u':' && !open) return std::nullopt;
+  bool& open = quote == u'"' ? DoubleQuoteOpen : SingleQuoteOpen;
+  if (!open && !QuoteMayCount(Text, Position - 1)) return std::nullopt;
 
   TBidiType token = PreviousBidi;
   if (open) {

@@ -82,8 +82,10 @@ class TTokenReader {
   std::int32_t EndOfLine = -1;       // the place in the visual order before which new runs go, plus one; -1 for none.
   std::int32_t SavedEndOfLine = -1;  // The rules as they stand never set it to anything else.
   bool SentenceEnded = false;        // the last token closed a sentence or paragraph
-  bool ParagraphEnded = false;       // some paragraph has ended
-  bool LineEndSwallowed = false;     // a blank has taken a line or paragraph separator with it
+  bool DoubleQuoteOpen = false;
+  bool SingleQuoteOpen = false;
+  bool ParagraphEnded = false;    // some paragraph has ended
+  bool LineEndSwallowed = false;  // a blank has taken a line or paragraph separator with it
 
  private:
   TBidiType RuleR();
@@ -113,15 +115,12 @@ class TTokenReader {
   void PushDirection(TBidiType inside, TBidiType comparison);
   void PopDirection(TBidiType comparison);
   void AddRange(std::int32_t low, std::int32_t high) { Runs.Ranges.push_back({low, high}); }
-  bool& IsOpenQuote(char16_t quote) { return quote == u'"' ? FDoubleQuoteOpen : FSingleQuoteOpen; }
 
   TLookAhead& Ahead();
 
   TWorkspace& FWorkspace;
   std::optional<TLookAhead> FAhead;  // most texts need none
   std::int32_t FBracketDepth = 0;    // open brackets and quotes
-  bool FDoubleQuoteOpen = false;
-  bool FSingleQuoteOpen = false;
 };
 
 }  // namespace orv::engine

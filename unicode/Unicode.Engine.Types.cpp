@@ -3,6 +3,7 @@
 #include <limits>
 #include <stdexcept>
 
+#include "rtl/Assertions.h"
 #include "unicode/Unicode.Engine.Classes.h"
 #include "unicode/Unicode.Engine.Corrections.h"
 #include "unicode/Unicode.Engine.RunAssembler.h"
@@ -31,12 +32,17 @@ void Split(std::u16string_view s, TParagraphBidi paragraphBidi, engine::TWorkspa
 
   const auto settings = engine::TSplitSettings::Current(paragraphBidi);
   engine::TTokenReader reader(s, settings, workspace, runs);
-  engine::TRunAssembler(reader).Run();
+  engine::TRunAssembler assembler(reader);
+  assembler.Run();
+
+  ORV_ASSERT(assembler.MayHoldForeignLetter() || !engine::HoldsForeignLetter(s, runs),
+             "A letter in a run of the other direction was not foreseen.");
 
   const TBidi paragraph = reader.BaseBidi == engine::TBidiType::RTL ? TBidi::RightToLeft : TBidi::LeftToRight;
   if (settings.Corrections.Contains(TOrvCorrection::LineEnds) && (reader.ParagraphEnded || reader.LineEndSwallowed))
     engine::SeparateLineEnds(s, paragraph, runs);
-  if (settings.Corrections.Contains(TOrvCorrection::OwnDirection)) engine::CutToOwnDirection(s, paragraph, runs);
+  if (settings.Corrections.Contains(TOrvCorrection::OwnDirection) && assembler.MayHoldForeignLetter())
+    engine::CutToOwnDirection(s, paragraph, runs);
 }
 
 }  // namespace

@@ -55,6 +55,24 @@ std::int32_t LineEndBehind(const TText& text, std::int32_t place) {
   return ClassOf(c).In(LineSeparators) ? place + 1 : place;
 }
 
+// Where the line end begins that ends at the place; from at the earliest.
+std::int32_t LineEndBefore(const TText& text, std::int32_t from, std::int32_t place) {
+  if (place - from >= 2 && text[place - 1] == u'\n' && IsLineFeedOrReturn(text[place - 2])) return place - 2;
+  return place - 1;
+}
+
+// Whether every separator entry is its line end. A line end that no entry stands for lies behind a blank; the reader
+// has told of those.
+bool SeparatorsAreLineEnds(const TText& text, const TDirectionalRuns& runs) {
+  for (std::size_t run = 0; run < runs.Bidi.size(); ++run) {
+    if (runs.Bidi[run] != TBidi::ParagraphSeparator) continue;
+    const std::int32_t from = runs.Offsets[run];
+    const std::int32_t end = runs.Offsets[run + 1];
+    if (from == end || LineEndBefore(text, from, end) != from) return false;
+  }
+  return true;
+}
+
 // Keeps the entries of each line together in the visual order, its separator last, where a cut has made new lines.
 void OrderByLines(TDirectionalRuns& runs) {
   std::vector<std::int32_t> keys;
@@ -115,8 +133,9 @@ void CutRun(const TText& text, std::int32_t from, std::int32_t end, TBidi own, T
 
 }  // namespace
 
-void SeparateLineEnds(std::u16string_view s, TBidi paragraph, TDirectionalRuns& runs) {
+void SeparateLineEnds(std::u16string_view s, TBidi paragraph, bool swallowed, TDirectionalRuns& runs) {
   const TText text(s);
+  if (!swallowed && SeparatorsAreLineEnds(text, runs)) return;
   TRecutter recutter(runs);
   for (std::size_t run = 0; run < runs.Bidi.size(); ++run) {
     recutter.BeginRun();

@@ -40,7 +40,7 @@ void Split(std::u16string_view s, TParagraphBidi paragraphBidi, engine::TWorkspa
 
   const TBidi paragraph = reader.BaseBidi == engine::TBidiType::RTL ? TBidi::RightToLeft : TBidi::LeftToRight;
   if (settings.Corrections.Contains(TOrvCorrection::LineEnds) && (reader.ParagraphEnded || reader.LineEndSwallowed))
-    engine::SeparateLineEnds(s, paragraph, runs);
+    engine::SeparateLineEnds(s, paragraph, reader.LineEndSwallowed, runs);
   if (settings.Corrections.Contains(TOrvCorrection::OwnDirection) && assembler.MayHoldForeignLetter())
     engine::CutToOwnDirection(s, paragraph, runs);
 }

@@ -83,8 +83,7 @@ constexpr TBoundaryTable BoundaryTable;
 
 }  // namespace
 
-// The loop and all it calls are one function to the compiler: the steps are short, and calls would cost as much again.
-[[gnu::flatten]] void TRunAssembler::Run() {
+void TRunAssembler::Run() {
   FRuns.Offsets.push_back(0);
   while (!FReader.AtEnd()) {
     if (SkipStretch()) continue;

@@ -1,0 +1,12 @@
+# Compares the README's block of C++ with the example program, and the program's output with what it should say.
+file(READ ${README} readme)
+file(READ ${PROGRAM_SOURCE} source)
+string(FIND "${readme}" "```cpp\n${source}```" place)
+if(place EQUAL -1)
+  message(FATAL_ERROR "the README's example is not ${PROGRAM_SOURCE}")
+endif()
+execute_process(COMMAND ${PROGRAM} OUTPUT_VARIABLE output RESULT_VARIABLE status)
+set(expected "0 to 5 right to left\n5 to 12 left to right\n12 to 17 right to left\n")
+if(NOT status EQUAL 0 OR NOT output STREQUAL expected)
+  message(FATAL_ERROR "example_runs answered ${status}: ${output}")
+endif()

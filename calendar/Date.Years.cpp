@@ -12,7 +12,7 @@ namespace {
 using TMonths = std::array<std::uint8_t, MonthsInRecord>;
 
 constexpr std::int64_t FloorDiv(std::int64_t a, std::int64_t b) {
-  return islamic::FloorDiv(a, b);
+  return a >= 0 ? a / b : -((b - 1 - a) / b);
 }
 constexpr std::int64_t FloorMod(std::int64_t a, std::int64_t b) {
   return a - b * FloorDiv(a, b);

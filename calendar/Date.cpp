@@ -5,6 +5,7 @@
 #include <limits>
 #include <optional>
 
+#include "calendar/Date.Islamic.h"
 #include "calendar/Date.Jalali.h"
 #include "calendar/Date.Years.h"
 
@@ -60,21 +61,8 @@ std::optional<TYearFound> FindYear(std::int32_t julianDay, std::int32_t kind) {
 
 constexpr std::int32_t MonthsAccepted = MonthsInRecord + 1;
 
-}  // namespace
-
-std::int32_t DMYToDay(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t kind) {
-  if (month < 1 || month > MonthsAccepted) return 0;
-  const auto record = YearRecord(year, kind);
-  if (!record) return 0;
-  std::int64_t result = record->First + day - 1;
-  for (std::int32_t earlier = 1; earlier < month; ++earlier)
-    result += record->Months[static_cast<std::size_t>(earlier) - 1];
-  using TLimits = std::numeric_limits<std::int32_t>;
-  return result < TLimits::min() || result > TLimits::max() ? 0 : static_cast<std::int32_t>(result);
-}
-
-TDayMonthYear DayToDMY(std::int32_t julianDay, std::int32_t kind) {
-  const auto found = IsKnown(kind) ? FindYear(julianDay, kind) : std::nullopt;
+TDayMonthYear DayByWalk(std::int32_t julianDay, std::int32_t kind) {
+  const auto found = FindYear(julianDay, kind);
   if (!found) return {-1, 0, 0};
   auto rest = static_cast<std::int32_t>(julianDay - found->Record.First) + 1;
   std::int32_t month = 1;
@@ -84,6 +72,42 @@ TDayMonthYear DayToDMY(std::int32_t julianDay, std::int32_t kind) {
     ++month;
   }
   return {rest, -1, found->Year};
+}
+
+// The day number before it is known to have 32 bits; nothing where the year record fails.
+std::optional<std::int64_t> DayByRecord(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t kind) {
+  const auto record = YearRecord(year, kind);
+  if (!record) return std::nullopt;
+  std::int64_t result = record->First + day - 1;
+  for (std::int32_t earlier = 1; earlier < month; ++earlier)
+    result += record->Months[static_cast<std::size_t>(earlier) - 1];
+  return result;
+}
+
+std::int32_t InRange(std::int64_t day) {
+  using TLimits = std::numeric_limits<std::int32_t>;
+  return day < TLimits::min() || day > TLimits::max() ? 0 : static_cast<std::int32_t>(day);
+}
+
+}  // namespace
+
+std::int32_t DMYToDay(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t kind) {
+  if (month < 1 || month > MonthsAccepted) return 0;
+  if (kind == ckIslamic && month <= 12)
+    return InRange(islamic::FirstDay(year) + islamic::DaysBeforeMonth(month) + day - 1);
+  return InRange(DayByRecord(day, month, year, kind).value_or(0));
+}
+
+TDayMonthYear DayToDMY(std::int32_t julianDay, std::int32_t kind) {
+  if (kind == ckIslamic) {
+    const islamic::TDate date = islamic::DateOfDay(julianDay);
+    return {date.Day, date.Month, date.Year};
+  }
+  if (kind == ckJalali && julianDay >= jalali::FirstDay && julianDay <= jalali::LastDay) {
+    const jalali::TDate date = jalali::DateOfDay(julianDay);
+    return {date.Day, date.Month, date.Year};
+  }
+  return IsKnown(kind) ? DayByWalk(julianDay, kind) : TDayMonthYear{-1, 0, 0};
 }
 
 std::int32_t JalaliJD0(std::int32_t year) {

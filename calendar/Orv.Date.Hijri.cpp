@@ -51,7 +51,7 @@ std::uint16_t TOrvHijriLunarDateCalendarCalc::DaysInAYear(std::uint16_t year) co
 }
 
 void TOrvHijriLunarDateCalendarCalc::DecodeDate(TDateTime value, TDateParts& date) const {
-  const islamic::TDate decoded = islamic::DateOfDay(std::int64_t{rtl::DayNumberOf(value)} + JulianDayOfDay0);
+  const islamic::TDate decoded = islamic::DateOfDay(rtl::DayNumberOf(value) + JulianDayOfDay0);
   date = {Word(decoded.Year), Word(decoded.Month), Word(decoded.Day)};
 }
 

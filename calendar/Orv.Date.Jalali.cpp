@@ -17,6 +17,15 @@ constexpr std::uint16_t Word(std::int64_t value) {
 // The Julian Day Number of day 0 of the day numbers.
 constexpr std::int32_t JulianDayOfDay0 = 1721425;
 
+// The days that can be decoded, as day numbers: 1 Farvardin 0 to 10 Shahrivar 2325. A word holds no earlier year; and
+// from the next day on, a guess of 365 days a year is the last year known, from where the way to the right one is lost.
+constexpr std::int32_t FirstDecodable = jalali::DayBeforeYear0 + 1 - JulianDayOfDay0;
+constexpr std::int32_t LastDecodable = jalali::DayBeforeYear0 + jalali::MaxYear * 365 - 1 - JulianDayOfDay0;
+
+constexpr bool IsDecodable(std::int32_t day) {
+  return day >= FirstDecodable && day <= LastDecodable;
+}
+
 constexpr std::u16string_view PersianLocale = u"fa-Ir";
 
 bool SameName(std::u16string_view a, std::u16string_view lowerCase) {
@@ -60,19 +69,17 @@ bool TOrvJalaliDateCalendarCalc::IsLeapYear(std::uint16_t year) const {
 }
 
 void TOrvJalaliDateCalendarCalc::DecodeDateDay(TDateTime value, TYearDay& date) const {
-  const std::int64_t day = std::int64_t{rtl::DayNumberOf(value)} + JulianDayOfDay0;
-  if (day < jalali::FirstDecodable || day > jalali::LastDecodable) return;
-  const auto julianDay = static_cast<std::int32_t>(day);
-  const std::int32_t year = jalali::YearOfDay(julianDay);
-  date = {Word(year), Word(julianDay - jalali::JD0(year))};
+  const std::int32_t day = rtl::DayNumberOf(value);
+  if (!IsDecodable(day)) return;
+  const jalali::TYearDay yearDay = jalali::YearDayOfDay(day + JulianDayOfDay0);
+  date = {Word(yearDay.Year), Word(yearDay.DayOfYear)};
 }
 
 void TOrvJalaliDateCalendarCalc::DecodeDate(TDateTime value, TDateParts& date) const {
-  TYearDay yearDay;
-  DecodeDateDay(value, yearDay);
-  if (yearDay.DayOfYear == 0) return;
-  const std::int32_t month = jalali::MonthOfDay(yearDay.DayOfYear);
-  date = {yearDay.Year, Word(month), Word(yearDay.DayOfYear - jalali::DaysBeforeMonth(month))};
+  const std::int32_t day = rtl::DayNumberOf(value);
+  if (!IsDecodable(day)) return;
+  const jalali::TDate decoded = jalali::DateOfDay(day + JulianDayOfDay0);
+  date = {Word(decoded.Year), Word(decoded.Month), Word(decoded.Day)};
 }
 
 std::optional<TDateTime> TOrvJalaliDateCalendarCalc::TryEncodeDate(const TDateParts& date) const {

@@ -10,7 +10,7 @@
 namespace orv::islamic {
 
 inline constexpr std::int64_t DaysInCycle = 10631;  // of thirty years
-inline constexpr std::int64_t YearsInCycle = 30;
+inline constexpr std::int32_t YearsInCycle = 30;
 inline constexpr std::int64_t FirstDayOfYear0 = 1948086;
 inline constexpr std::int32_t MostDaysInYear = 355;
 
@@ -34,6 +34,12 @@ constexpr std::int64_t FirstDay(std::int64_t year) {
   constexpr std::int64_t ahead = YearsAhead * YearsInCycle;
   const auto thirtieths = static_cast<std::uint64_t>(DaysInCycle * (year + ahead) + 3);
   return static_cast<std::int64_t>(thirtieths / YearsInCycle) - YearsAhead * DaysInCycle + FirstDayOfYear0;
+}
+
+// The same for a year that is a word, in 32 bits.
+constexpr std::int32_t FirstDay(std::uint16_t year) {
+  constexpr auto daysInCycle = static_cast<std::uint32_t>(DaysInCycle);
+  return static_cast<std::int32_t>((daysInCycle * year + 3) / 30 + FirstDayOfYear0);
 }
 
 // Months of 30 and 29 days by turns; the leap day is the thirtieth of the twelfth.
@@ -68,8 +74,9 @@ constexpr TDate DateOfDay(std::int32_t julianDay) {
   return {static_cast<std::int32_t>(static_cast<std::int64_t>(year) - ahead), date.Month, date.Day};
 }
 
-// The Julian Day Number of a date; the month lies in 1 to 12.
-constexpr std::int64_t DayOfDate(std::int64_t year, std::int32_t month, std::int32_t day) {
+// The Julian Day Number of a date, TYear being a word or 64 bits wide; the month lies in 1 to 12.
+template <typename TYear>
+constexpr auto DayOfDate(TYear year, std::int32_t month, std::int32_t day) {
   return FirstDay(year) + DaysBeforeMonth(month) + day - 1;
 }
 

@@ -70,8 +70,9 @@ constexpr TYearDay YearDayOfDay(std::int32_t julianDay) {
   constexpr std::uint64_t yearsPerDay = (std::uint64_t{1250} << 48) / (365 * 1250 + 303);  // in 2^-48 years
   const auto guess =
       static_cast<std::size_t>((static_cast<std::uint64_t>(julianDay - YearTable[0]) * yearsPerDay) >> 48);
-  const std::size_t year = guess - (YearTable[guess] >= julianDay ? 1 : 0);
-  return {static_cast<std::int32_t>(year) + MinYear, julianDay - YearTable[year]};
+  const bool tooHigh = YearTable[guess] >= julianDay;
+  const std::int32_t dayBefore = tooHigh ? YearTable[guess - 1] : YearTable[guess];
+  return {static_cast<std::int32_t>(guess - tooHigh) + MinYear, julianDay - dayBefore};
 }
 
 // Six months of 31 days, then months of 30.

@@ -139,7 +139,7 @@ TYearRecord HebrewYear(std::int32_t year) {
 TYearRecord IslamicYear(std::int32_t year) {
   const auto place = static_cast<std::int32_t>(FloorMod(year, islamic::YearsInCycle));
   const auto last = static_cast<std::uint8_t>(islamic::IsLeapPlace(place) ? 30 : 29);
-  const TYearRecord record = {islamic::FirstDay(year),
+  const TYearRecord record = {islamic::FirstDay(std::int64_t{year}),
                               islamic::FirstDay(std::int64_t{year} + 1),
                               {30, 29, 30, 29, 30, 29, 30, 29, 30, 29, 30, last}};
   ORV_ASSERT(record.Months[11] != 0 && record.Months[12] == 0, "An Islamic year has twelve months");

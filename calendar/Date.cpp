@@ -93,8 +93,7 @@ std::int32_t InRange(std::int64_t day) {
 
 std::int32_t DMYToDay(std::int32_t day, std::int32_t month, std::int32_t year, std::int32_t kind) {
   if (month < 1 || month > MonthsAccepted) return 0;
-  if (kind == ckIslamic && month <= 12)
-    return InRange(islamic::FirstDay(year) + islamic::DaysBeforeMonth(month) + day - 1);
+  if (kind == ckIslamic && month <= 12) return InRange(islamic::DayOfDate(std::int64_t{year}, month, day));
   return InRange(DayByRecord(day, month, year, kind).value_or(0));
 }
 

@@ -34,9 +34,10 @@ bool TOrvCustomDateCalendarCalc::IsLeapYear(std::uint16_t year) const {
   return Required(OnLeapYearQuery, "OnLeapYearQuery")(year);
 }
 
-std::optional<TDateTime> TOrvCustomDateCalendarCalc::TryEncodeDateDay(std::uint16_t year,
-                                                                      std::uint16_t dayOfYear) const {
-  return Required(OnTryEncodeDateDay, "OnTryEncodeDateDay")(year, dayOfYear);
+bool TOrvCustomDateCalendarCalc::TryEncodeDateDay(std::uint16_t year, std::uint16_t dayOfYear, TDateTime& value) const {
+  const auto found = Required(OnTryEncodeDateDay, "OnTryEncodeDateDay")(year, dayOfYear);
+  if (found) value = *found;
+  return found.has_value();
 }
 
 void TOrvCustomDateCalendarCalc::DecodeDate(TDateTime value, TDateParts& date) const {

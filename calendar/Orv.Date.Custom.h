@@ -19,6 +19,8 @@ class TOrvCustomDateCalendarCalc : public TOrvCalendarCalc {
  public:
   using TOrvCalendarCalc::DecodeDate;
   using TOrvCalendarCalc::DecodeDateDay;
+  using TOrvCalendarCalc::TryEncodeDate;
+  using TOrvCalendarCalc::TryEncodeDateDay;
 
   TDaysInAMonthEvent OnDaysInAMonth;
   TDaysInAYearEvent OnDaysInAYear;
@@ -35,7 +37,7 @@ class TOrvCustomDateCalendarCalc : public TOrvCalendarCalc {
   void DecodeDate(TDateTime value, TDateParts& date) const override;
   void DecodeDateDay(TDateTime value, TYearDay& date) const override;
   bool IsLeapYear(std::uint16_t year) const override;
-  std::optional<TDateTime> TryEncodeDateDay(std::uint16_t year, std::uint16_t dayOfYear) const override;
+  bool TryEncodeDateDay(std::uint16_t year, std::uint16_t dayOfYear, TDateTime& value) const override;
 
  protected:
   void Initialize() override;

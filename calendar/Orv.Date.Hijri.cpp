@@ -60,16 +60,17 @@ void TOrvHijriLunarDateCalendarCalc::DecodeDateDay(TDateTime value, TYearDay& da
   date = {decoded.Year, Word(decoded.Day + islamic::DaysBeforeMonth(decoded.Month))};
 }
 
-std::optional<TDateTime> TOrvHijriLunarDateCalendarCalc::TryEncodeDate(const TDateParts& date) const {
-  if (!IsValidDate(date)) return std::nullopt;
-  return static_cast<double>(islamic::DayOfDate(date.Year, date.Month, date.Day) - JulianDayOfDateTime0);
+bool TOrvHijriLunarDateCalendarCalc::TryEncodeDate(const TDateParts& date, TDateTime& value) const {
+  if (!IsValidDate(date)) return false;
+  value = static_cast<double>(islamic::DayOfDate(date.Year, date.Month, date.Day) - JulianDayOfDateTime0);
+  return true;
 }
 
-std::optional<TDateTime> TOrvHijriLunarDateCalendarCalc::TryEncodeDateDay(std::uint16_t year,
-                                                                          std::uint16_t dayOfYear) const {
-  const auto newYear = TryEncodeDate({year, 1, 1});
-  if (!newYear) return std::nullopt;
-  return *newYear + dayOfYear - 1;
+bool TOrvHijriLunarDateCalendarCalc::TryEncodeDateDay(std::uint16_t year, std::uint16_t dayOfYear,
+                                                      TDateTime& value) const {
+  if (!TryEncodeDate({year, 1, 1}, value)) return false;
+  value += dayOfYear - 1;
+  return true;
 }
 
 std::uint16_t TOrvHijriLunarDateCalendarCalc::WeeksInAYear(std::uint16_t) const {

@@ -13,6 +13,8 @@ class TOrvHijriLunarDateCalendarCalc : public TOrvCalendarCalc {
  public:
   using TOrvCalendarCalc::DecodeDate;
   using TOrvCalendarCalc::DecodeDateDay;
+  using TOrvCalendarCalc::TryEncodeDate;
+  using TOrvCalendarCalc::TryEncodeDateDay;
 
   static const std::array<UnicodeString, 12>& Months();
 
@@ -25,9 +27,9 @@ class TOrvHijriLunarDateCalendarCalc : public TOrvCalendarCalc {
   void DecodeDateDay(TDateTime value, TYearDay& date) const override;
   bool IsLeapYear(std::uint16_t year) const override;
   // Only dates that IsValidDate takes.
-  std::optional<TDateTime> TryEncodeDate(const TDateParts& date) const override;
+  bool TryEncodeDate(const TDateParts& date, TDateTime& value) const override;
   // The year is checked, the day counts on.
-  std::optional<TDateTime> TryEncodeDateDay(std::uint16_t year, std::uint16_t dayOfYear) const override;
+  bool TryEncodeDateDay(std::uint16_t year, std::uint16_t dayOfYear, TDateTime& value) const override;
   std::uint16_t WeeksInAYear(std::uint16_t year) const override;  // always 51
   TCalendarType CalendarType() const override;
 

@@ -82,15 +82,15 @@ void TOrvJalaliDateCalendarCalc::DecodeDate(TDateTime value, TDateParts& date) c
   date = {Word(decoded.Year), Word(decoded.Month), Word(decoded.Day)};
 }
 
-std::optional<TDateTime> TOrvJalaliDateCalendarCalc::TryEncodeDate(const TDateParts& date) const {
+bool TOrvJalaliDateCalendarCalc::TryEncodeDate(const TDateParts& date, TDateTime& value) const {
   const std::int32_t before = date.Month > 6 ? (date.Month - 7) * 30 + 186 : (date.Month - 1) * 31;
-  return TryEncodeDateDay(date.Year, Word(date.Day + before));
+  return TryEncodeDateDay(date.Year, Word(date.Day + before), value);
 }
 
-std::optional<TDateTime> TOrvJalaliDateCalendarCalc::TryEncodeDateDay(std::uint16_t year,
-                                                                      std::uint16_t dayOfYear) const {
-  if (year > jalali::MaxYear) return std::nullopt;
-  return jalali::JD0(year) + dayOfYear - (JulianDayOfDay0 + rtl::DateDelta);
+bool TOrvJalaliDateCalendarCalc::TryEncodeDateDay(std::uint16_t year, std::uint16_t dayOfYear, TDateTime& value) const {
+  if (year > jalali::MaxYear) return false;
+  value = jalali::JD0(year) + dayOfYear - (JulianDayOfDay0 + rtl::DateDelta);
+  return true;
 }
 
 void TOrvJalaliDateCalendarCalc::IncAMonth(TDateParts& date, std::int32_t months) const {

@@ -22,6 +22,8 @@ class TOrvJalaliDateCalendarCalc : public TOrvCalendarCalc {
  public:
   using TOrvCalendarCalc::DecodeDate;
   using TOrvCalendarCalc::DecodeDateDay;
+  using TOrvCalendarCalc::TryEncodeDate;
+  using TOrvCalendarCalc::TryEncodeDateDay;
 
   // The month is not checked. Raises EInvalidDateOperation for the twelfth month of a year above 2327.
   std::uint16_t DaysInAMonth(std::uint16_t year, std::uint16_t month) const override;
@@ -35,8 +37,8 @@ class TOrvJalaliDateCalendarCalc : public TOrvCalendarCalc {
   void IncAMonth(TDateParts& date, std::int32_t months) const override;
   bool IsLeapYear(std::uint16_t year) const override;
   // Checks the year alone. Month 13 and day 40 roll on: 30 Esfand of a common year is 1 Farvardin of the next.
-  std::optional<TDateTime> TryEncodeDate(const TDateParts& date) const override;
-  std::optional<TDateTime> TryEncodeDateDay(std::uint16_t year, std::uint16_t dayOfYear) const override;
+  bool TryEncodeDate(const TDateParts& date, TDateTime& value) const override;
+  bool TryEncodeDateDay(std::uint16_t year, std::uint16_t dayOfYear, TDateTime& value) const override;
 
  protected:
   void Initialize() override;

@@ -30,13 +30,21 @@ bool TOrvJulianDateCalendarCalc::IsLeapYear(std::uint16_t year) const {
   return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
 }
 
-std::optional<TDateTime> TOrvJulianDateCalendarCalc::TryEncodeDate(const TDateParts& date) const {
-  return rtl::TryEncodeDate(date);
+namespace {
+
+bool Give(const std::optional<TDateTime>& found, TDateTime& value) {
+  if (found) value = *found;
+  return found.has_value();
 }
 
-std::optional<TDateTime> TOrvJulianDateCalendarCalc::TryEncodeDateDay(std::uint16_t year,
-                                                                      std::uint16_t dayOfYear) const {
-  return rtl::TryEncodeDateDay(year, dayOfYear);
+}  // namespace
+
+bool TOrvJulianDateCalendarCalc::TryEncodeDate(const TDateParts& date, TDateTime& value) const {
+  return Give(rtl::TryEncodeDate(date), value);
+}
+
+bool TOrvJulianDateCalendarCalc::TryEncodeDateDay(std::uint16_t year, std::uint16_t dayOfYear, TDateTime& value) const {
+  return Give(rtl::TryEncodeDateDay(year, dayOfYear), value);
 }
 
 }  // namespace orv

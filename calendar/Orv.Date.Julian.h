@@ -11,6 +11,8 @@ class TOrvJulianDateCalendarCalc : public TOrvCalendarCalc {
  public:
   using TOrvCalendarCalc::DecodeDate;
   using TOrvCalendarCalc::DecodeDateDay;
+  using TOrvCalendarCalc::TryEncodeDate;
+  using TOrvCalendarCalc::TryEncodeDateDay;
 
   std::uint16_t DaysInAMonth(std::uint16_t year, std::uint16_t month) const override;  // EConvertError outside 1 to 12
   std::uint16_t DaysInAYear(std::uint16_t year) const override;
@@ -18,8 +20,8 @@ class TOrvJulianDateCalendarCalc : public TOrvCalendarCalc {
   void DecodeDateDay(TDateTime value, TYearDay& date) const override;
   bool DecodeDateFully(TDateTime value, TDateParts& date, TDayOfWeek& dow) const override;
   bool IsLeapYear(std::uint16_t year) const override;
-  std::optional<TDateTime> TryEncodeDate(const TDateParts& date) const override;
-  std::optional<TDateTime> TryEncodeDateDay(std::uint16_t year, std::uint16_t dayOfYear) const override;
+  bool TryEncodeDate(const TDateParts& date, TDateTime& value) const override;
+  bool TryEncodeDateDay(std::uint16_t year, std::uint16_t dayOfYear, TDateTime& value) const override;
 };
 
 }  // namespace orv

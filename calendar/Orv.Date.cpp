@@ -16,8 +16,6 @@ constexpr std::uint16_t Word(std::int64_t value) {
   return static_cast<std::uint16_t>(value);
 }
 
-constexpr std::uint16_t LastMonthOfEveryYear = 12;
-
 }  // namespace
 
 UnicodeString TOrvCalendarCalc::DefaultCalendarName;
@@ -59,31 +57,14 @@ void TOrvCalendarCalc::IncAMonth(TDateParts& date, std::int32_t months) const {
   date.Day = std::min(date.Day, DaysInAMonth(date.Year, date.Month));
 }
 
-bool TOrvCalendarCalc::IsValidDate(const TDateParts& date) const {
-  return IsYearValid(date.Year) && date.Month >= 1 && date.Month <= LastMonthOfEveryYear && date.Day >= 1 &&
-         date.Day <= DaysInAMonth(date.Year, date.Month);
-}
-
 bool TOrvCalendarCalc::IsValidDateDay(std::uint16_t year, std::uint16_t dayOfYear) const {
   return IsYearValid(year) && dayOfYear >= 1 && dayOfYear <= DaysInAYear(year);
 }
 
-std::optional<TDateTime> TOrvCalendarCalc::TryEncodeDate(const TDateParts& date) const {
+bool TOrvCalendarCalc::TryEncodeDate(const TDateParts& date, TDateTime& value) const {
   std::uint16_t days = date.Day;
   for (std::uint16_t month = 1; month < date.Month; ++month) days = Word(days + DaysInAMonth(date.Year, month));
-  return TryEncodeDateDay(date.Year, days);
-}
-
-TDateParts TOrvCalendarCalc::DecodeDate(TDateTime value) const {
-  TDateParts date;
-  DecodeDate(value, date);
-  return date;
-}
-
-TYearDay TOrvCalendarCalc::DecodeDateDay(TDateTime value) const {
-  TYearDay date;
-  DecodeDateDay(value, date);
-  return date;
+  return TryEncodeDateDay(date.Year, days, value);
 }
 
 // --- The present day ---
@@ -265,7 +246,7 @@ std::int32_t TOrvCalendarCalc::WhatMonth(std::u16string_view name) const {
 
 void TOrvCalendarCalc::Initialize() {
   FirstWeekday = TCalDayOfWeek::dowMonday;
-  FLastMonth = LastMonthOfEveryYear;
+  FLastMonth = 12;
   ApproxDaysPerMonth = rtl::ApproxDaysPerMonth;
   MinYear = 1;
   MaxYear = 9999;

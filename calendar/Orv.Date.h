@@ -111,18 +111,38 @@ class TOrvCalendarCalc {
   // The day is then cut to the month's length.
   virtual void IncAMonth(TDateParts& date, std::int32_t months) const;
   virtual bool IsLeapYear(std::uint16_t year) const = 0;
-  virtual bool IsValidDate(const TDateParts& date) const;
+  virtual bool IsValidDate(const TDateParts& date) const {
+    return IsYearValid(date.Year) && date.Month >= 1 && date.Month <= 12 && date.Day >= 1 &&
+           date.Day <= DaysInAMonth(date.Year, date.Month);
+  }
   virtual bool IsValidDateDay(std::uint16_t year, std::uint16_t dayOfYear) const;
   virtual bool IsValidDateMonthWeek(const TDateMonthWeek& date) const;  // weeks 1 to 5
   // Month and day are not checked here; what they add up to goes to TryEncodeDateDay.
-  virtual std::optional<TDateTime> TryEncodeDate(const TDateParts& date) const;
-  virtual std::optional<TDateTime> TryEncodeDateDay(std::uint16_t year, std::uint16_t dayOfYear) const = 0;
+  virtual bool TryEncodeDate(const TDateParts& date, TDateTime& value) const;
+  virtual bool TryEncodeDateDay(std::uint16_t year, std::uint16_t dayOfYear, TDateTime& value) const = 0;
   virtual std::uint16_t WeeksInAYear(std::uint16_t year) const;
   virtual TCalendarType CalendarType() const;
 
-  // The same, from zeros.
-  TDateParts DecodeDate(TDateTime value) const;
-  TYearDay DecodeDateDay(TDateTime value) const;
+  // The same, with the result as the value: decoding from zeros, encoding to nothing where it fails.
+  TDateParts DecodeDate(TDateTime value) const {
+    TDateParts date;
+    DecodeDate(value, date);
+    return date;
+  }
+  TYearDay DecodeDateDay(TDateTime value) const {
+    TYearDay date;
+    DecodeDateDay(value, date);
+    return date;
+  }
+
+  std::optional<TDateTime> TryEncodeDate(const TDateParts& date) const {
+    TDateTime value = 0;
+    return TryEncodeDate(date, value) ? std::optional(value) : std::nullopt;
+  }
+  std::optional<TDateTime> TryEncodeDateDay(std::uint16_t year, std::uint16_t dayOfYear) const {
+    TDateTime value = 0;
+    return TryEncodeDateDay(year, dayOfYear, value) ? std::optional(value) : std::nullopt;
+  }
 
   // --- The present day, by rtl::Today -----------------------------------------------------------------------------
 

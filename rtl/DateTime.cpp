@@ -83,23 +83,12 @@ std::uint16_t MilliSecondOf(TDateTime value) {
 }
 
 std::uint16_t DaysInAMonth(std::uint16_t year, std::uint16_t month) {
-  constexpr std::uint8_t lengths[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
   if (month < 1 || month > 12) throw EConvertError(SDateEncodeError);
-  return static_cast<std::uint16_t>(lengths[month - 1] + (month == 2 && IsLeapYear(year) ? 1 : 0));
-}
-
-bool IsValidDate(const TDateParts& date) {
-  return IsValidYear(date.Year) && date.Month >= 1 && date.Month <= 12 && date.Day >= 1 &&
-         date.Day <= DaysInAMonth(date.Year, date.Month);
+  return static_cast<std::uint16_t>(gregorian::DaysInMonth(year, month));
 }
 
 bool IsValidDateDay(std::uint16_t year, std::uint16_t dayOfYear) {
   return IsValidYear(year) && dayOfYear >= 1 && dayOfYear <= DaysInAYear(year);
-}
-
-std::optional<TDateTime> TryEncodeDate(const TDateParts& date) {
-  if (!IsValidDate(date)) return std::nullopt;
-  return DateTimeOfDay(gregorian::DayNumber(date.Year, date.Month, date.Day));
 }
 
 TDateTime EncodeDate(const TDateParts& date) {

@@ -71,6 +71,11 @@ inline TTimeStamp DateTimeToTimeStamp(TDateTime value) {
 
 // The day number of value, 30 December 1899 being 693594.
 inline std::int32_t DayNumberOf(TDateTime value) {
+  if (std::fabs(value) < 2.0e9) [[likely]] {
+    const auto day = static_cast<std::int32_t>(value);
+    // Only what lies within a millisecond of the next midnight can round up to it.
+    if (std::fabs(value - day) < 0.9999999) [[likely]] return day + DateDelta;
+  }
   return static_cast<std::int32_t>(RoundedMilliseconds(value) / MSecsPerDay) + DateDelta;
 }
 
@@ -114,9 +119,15 @@ constexpr std::uint16_t DaysInAYear(std::uint16_t year) {
 }
 // Raises EConvertError for a month outside 1 to 12.
 std::uint16_t DaysInAMonth(std::uint16_t year, std::uint16_t month);
-bool IsValidDate(const TDateParts& date);
+inline bool IsValidDate(const TDateParts& date) {
+  return date.Year >= 1 && date.Year <= 9999 && date.Month >= 1 && date.Month <= 12 && date.Day >= 1 &&
+         (date.Day <= 28 || date.Day <= gregorian::DaysInMonth(date.Year, date.Month));
+}
 bool IsValidDateDay(std::uint16_t year, std::uint16_t dayOfYear);
-std::optional<TDateTime> TryEncodeDate(const TDateParts& date);
+inline std::optional<TDateTime> TryEncodeDate(const TDateParts& date) {
+  if (!IsValidDate(date)) return std::nullopt;
+  return gregorian::DayNumber(date.Year, date.Month, date.Day) - DateDelta;
+}
 TDateTime EncodeDate(const TDateParts& date);  // raises EConvertError
 std::optional<TDateTime> TryEncodeDateDay(std::uint16_t year, std::uint16_t dayOfYear);
 TDateTime EncodeDateDay(std::uint16_t year, std::uint16_t dayOfYear);  // raises EConvertError

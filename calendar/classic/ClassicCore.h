@@ -101,15 +101,19 @@ class TPersianCore final : public TSaturdayCore<TOrvJalaliDateCalendarCalc> {};
 class TIslamicCore final : public TSaturdayCore<TOrvHijriLunarDateCalendarCalc> {
  public:
   // Months and days beyond their bounds count on as far as the year goes.
-  std::optional<TDateTime> TryEncodeDate(const TDateParts& date) const override {
-    return TOrvCalendarCalc::TryEncodeDate(date);
+  bool TryEncodeDate(const TDateParts& date, TDateTime& value) const override {
+    return TOrvCalendarCalc::TryEncodeDate(date, value);
   }
 
-  std::optional<TDateTime> TryEncodeDateDay(std::uint16_t year, std::uint16_t dayOfYear) const override {
-    if (!IsValidDateDay(year, dayOfYear)) return std::nullopt;
+  bool TryEncodeDateDay(std::uint16_t year, std::uint16_t dayOfYear, TDateTime& value) const override {
+    if (!IsValidDateDay(year, dayOfYear)) return false;
     constexpr std::int32_t dayBeforeCount = 2415020;
-    return DMYToDay(1, 1, year, ckIslamic) + dayOfYear - dayBeforeCount;
+    value = DMYToDay(1, 1, year, ckIslamic) + dayOfYear - dayBeforeCount;
+    return true;
   }
+
+  using TOrvCalendarCalc::TryEncodeDate;
+  using TOrvCalendarCalc::TryEncodeDateDay;
 
   // A step over the end of a year steps the year as well.
   void IncAMonth(TDateParts& date, std::int32_t months) const override {

@@ -290,6 +290,7 @@ void TRunAssembler::Finish() {
     else
       ExtendRun(length);
   }
+  FReader.Order.Finish();
   ORV_ASSERT(FRuns.Offsets.size() == FRuns.VisualOrder.size() + 1 && FRuns.Offsets.back() == length,
              "  OffsetsList:" + std::to_string(FRuns.Offsets.back()) + " ,LengthS:" + std::to_string(length));
   ORV_ASSERT(FRuns.Bidi.size() == FRuns.VisualOrder.size(), Place());
@@ -305,14 +306,12 @@ void TRunAssembler::AppendRun(TBidiType kind, bool atTurn, std::int32_t end) {
 
 void TRunAssembler::AppendEntry(TBidi bidi, bool atTurn, std::int32_t line, std::int32_t end) {
   FRuns.Bidi.push_back(bidi);
-  const auto index = static_cast<std::int32_t>(FRuns.Offsets.size()) - 1;
-  auto& order = FRuns.VisualOrder;
   if (atTurn)
-    order.insert(order.begin() + FReader.TurnIndex, index);
+    FReader.Order.Insert(FReader.TurnIndex);
   else if (line >= 1)
-    order.insert(order.begin() + (line - 1), index);
+    FReader.Order.Insert(line - 1);
   else
-    order.push_back(index);
+    FReader.Order.Append();
   FRuns.Offsets.push_back(end);
 }
 

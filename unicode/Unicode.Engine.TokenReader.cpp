@@ -96,6 +96,7 @@ TTokenReader::TTokenReader(std::u16string_view s, const TSplitSettings& settings
       Settings(settings),
       HasArabicDigits(!s.empty() && IsArabicIndicDigit(s.front())),
       Runs(runs),
+      Order(runs.VisualOrder, workspace.LatePlaces),
       Stack(workspace.Stack),
       BaseBidi(ResolveBaseBidi(settings.ParagraphBidi, s)),
       CurrentBidi(BaseBidi),

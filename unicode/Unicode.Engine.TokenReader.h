@@ -9,6 +9,7 @@
 
 #include "unicode/Unicode.Engine.LookAhead.h"
 #include "unicode/Unicode.Engine.Types.h"
+#include "unicode/Unicode.Engine.VisualOrder.h"
 
 namespace orv::engine {
 
@@ -42,6 +43,7 @@ struct TWorkspace {
   TDirectionalRuns Runs;
   std::vector<TBidiStackData> Stack;
   std::vector<TCloserPlace> Closers;
+  std::vector<std::int32_t> LatePlaces;
 };
 
 constexpr bool IsUnmergable(TBidiType kind) {
@@ -65,12 +67,13 @@ class TTokenReader {
   TBidiType ReadNextToken();
 
   bool AtEnd() const { return Position >= Text.Length(); }
-  std::int32_t OrderCount() const { return static_cast<std::int32_t>(Runs.VisualOrder.size()); }
+  std::int32_t OrderCount() const { return Order.Count(); }
 
   const TText Text;
   const TSplitSettings Settings;
   const bool HasArabicDigits;  // looks at the first unit alone, however long the text is
   TDirectionalRuns& Runs;
+  TVisualOrder Order;
   std::vector<TBidiStackData>& Stack;
 
   std::int32_t Position = 0;  // the next unit to read

@@ -26,7 +26,6 @@ engine::TWorkspace& Workspace() {
 void Split(std::u16string_view s, TParagraphBidi paragraphBidi, engine::TWorkspace& workspace, TDirectionalRuns& runs) {
   if (s.size() > LengthLimit) throw std::length_error("SplitByDirection: the text is too long");
   runs.Offsets.clear();
-  runs.VisualOrder.clear();
   runs.Bidi.clear();
   runs.Ranges.clear();
 

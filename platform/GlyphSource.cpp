@@ -90,7 +90,7 @@ std::optional<TGlyph> Render(FT_Face face, FT_UInt index, int phase) {
   if (slot->format != FT_GLYPH_FORMAT_OUTLINE) return std::nullopt;
   TGlyph glyph;
   glyph.Advance = static_cast<float>(static_cast<double>(slot->linearHoriAdvance) / 65536.0);
-  FT_Outline_Translate(&slot->outline, phase * (64 / TGlyphSource::PhaseCount), 0);
+  FT_Outline_Translate(&slot->outline, FT_Pos{phase} * (64 / TGlyphSource::PhaseCount), 0);
   if (FT_Render_Glyph(slot, FT_RENDER_MODE_NORMAL) != 0) return std::nullopt;
   glyph.Left = slot->bitmap_left;
   glyph.Top = slot->bitmap_top;

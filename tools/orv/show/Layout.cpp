@@ -16,7 +16,8 @@ bool IsBlank(UCS4Char c) {
 struct TSpot {
   std::size_t Run = 0;
   std::size_t Atom = 0;
-  friend auto operator<=>(const TSpot&, const TSpot&) = default;
+  friend bool operator<(TSpot a, TSpot b) { return a.Run != b.Run ? a.Run < b.Run : a.Atom < b.Atom; }
+  friend bool operator>(TSpot a, TSpot b) { return b < a; }
 };
 
 class TFiller {

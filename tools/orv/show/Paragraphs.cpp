@@ -118,6 +118,7 @@ std::vector<TParagraph> ReadParagraphs(std::u16string_view text, const TTextSett
   std::vector<TParagraph> paragraphs;
   TDirectionalRuns runs;
   const std::vector<std::u16string_view> lines = Lines(text);
+  paragraphs.reserve(lines.size());
   for (const std::u16string_view line : lines) paragraphs.push_back(ReadParagraph(line, settings, runs));
   if (lines.size() > 1 && !lines[0].empty() && lines[1].empty()) paragraphs.front().Title = true;
   return paragraphs;

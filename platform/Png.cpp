@@ -33,7 +33,9 @@ std::string ErrnoText() {
 class TDraft {
  public:
   explicit TDraft(const fs::path& target) : FTarget(target) {
-    FPath = target.parent_path() / ("." + target.filename().string() + "." + std::to_string(::getpid()) + ".part");
+    std::string name(1, '.');
+    name.append(target.filename().string()).append(".").append(std::to_string(::getpid())).append(".part");
+    FPath = target.parent_path() / name;
     const int handle = ::open(FPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0666);
     if (handle < 0) FailWriting(FTarget, ErrnoText());
     FFile = ::fdopen(handle, "wb");

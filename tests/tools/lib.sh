@@ -2,6 +2,7 @@
 # The environment gives ORV (the command) and ORV_SOURCE_DIR (the root of the tree).
 set -uo pipefail
 : "${ORV:?}" "${ORV_SOURCE_DIR:?}"
+[ -x "$ORV" ] || { echo "no command at $ORV"; exit 1; }
 export LC_ALL=C.UTF-8
 unset DISPLAY WAYLAND_DISPLAY
 # Without this the window library starts a message bus and leaves it behind.

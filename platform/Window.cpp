@@ -1,0 +1,198 @@
+#include "platform/Window.h"
+
+#include <SDL.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <optional>
+#include <string_view>
+
+#include "platform/Exceptions.h"
+
+namespace orv::platform {
+namespace {
+
+bool IsSet(const char* name) {
+  const char* value = std::getenv(name);
+  return value != nullptr && *value != '\0';
+}
+
+// The share of SDL that windows need, held while a window lives. SDL counts its users.
+class TVideo {
+ public:
+  TVideo() {
+    // The system's own handling of interrupts stays: Ctrl+C in a terminal ends the command.
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+    SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
+    // Trying Wayland where there is none writes to standard error. A driver named by the environment goes before this.
+    if (!IsSet("WAYLAND_DISPLAY")) SDL_SetHint(SDL_HINT_VIDEODRIVER, "x11");
+    if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) throw ENoDisplay("no display: neither X nor Wayland can be reached");
+    const char* name = SDL_GetCurrentVideoDriver();
+    FDriver = name != nullptr ? name : "";
+    if (FDriver != "offscreen" && FDriver != "dummy") return;
+    SDL_QuitSubSystem(SDL_INIT_VIDEO);
+    throw ENoDisplay("no display: SDL offers only the driver '" + FDriver + "'");
+  }
+  ~TVideo() { SDL_QuitSubSystem(SDL_INIT_VIDEO); }
+  TVideo(const TVideo&) = delete;
+  TVideo& operator=(const TVideo&) = delete;
+
+  const std::string& Driver() const { return FDriver; }
+
+ private:
+  std::string FDriver;
+};
+
+struct TRelease {
+  void operator()(SDL_Window* window) const { SDL_DestroyWindow(window); }
+  void operator()(SDL_Surface* surface) const { SDL_FreeSurface(surface); }
+};
+
+TWindowKey KeyOf(SDL_Keycode code) {
+  switch (code) {
+    case SDLK_ESCAPE:
+      return TWindowKey::Escape;
+    case SDLK_UP:
+      return TWindowKey::Up;
+    case SDLK_DOWN:
+      return TWindowKey::Down;
+    case SDLK_PAGEUP:
+      return TWindowKey::PageUp;
+    case SDLK_PAGEDOWN:
+      return TWindowKey::PageDown;
+    case SDLK_HOME:
+      return TWindowKey::Home;
+    case SDLK_END:
+      return TWindowKey::End;
+    case SDLK_SPACE:
+      return TWindowKey::Blank;
+    case SDLK_PLUS:
+    case SDLK_EQUALS:
+    case SDLK_KP_PLUS:
+      return TWindowKey::Plus;
+    case SDLK_MINUS:
+    case SDLK_KP_MINUS:
+      return TWindowKey::Minus;
+    case SDLK_0:
+    case SDLK_KP_0:
+      return TWindowKey::Zero;
+    case SDLK_q:
+      return TWindowKey::Q;
+    default:
+      return TWindowKey::Other;
+  }
+}
+
+std::optional<TWindowEvent> WindowEvent(const SDL_WindowEvent& event) {
+  TWindowEvent result;
+  switch (event.event) {
+    case SDL_WINDOWEVENT_CLOSE:
+      result.Kind = TWindowEvent::TKind::Close;
+      return result;
+    case SDL_WINDOWEVENT_EXPOSED:
+      result.Kind = TWindowEvent::TKind::Exposed;
+      return result;
+    case SDL_WINDOWEVENT_SIZE_CHANGED:
+      result.Kind = TWindowEvent::TKind::Resized;
+      result.Width = event.data1;
+      result.Height = event.data2;
+      return result;
+    default:
+      return std::nullopt;
+  }
+}
+
+// Nothing for events that a viewer has no use for.
+std::optional<TWindowEvent> Translate(const SDL_Event& event) {
+  TWindowEvent result;
+  switch (event.type) {
+    case SDL_QUIT:
+      result.Kind = TWindowEvent::TKind::Close;
+      return result;
+    case SDL_WINDOWEVENT:
+      return WindowEvent(event.window);
+    case SDL_KEYDOWN:
+      result.Kind = TWindowEvent::TKind::Key;
+      result.Key = KeyOf(event.key.keysym.sym);
+      result.Control = (event.key.keysym.mod & KMOD_CTRL) != 0;
+      return result;
+    case SDL_MOUSEWHEEL:
+      result.Kind = TWindowEvent::TKind::Wheel;
+      result.Steps = event.wheel.preciseY;
+      result.Control = (SDL_GetModState() & KMOD_CTRL) != 0;
+      return result;
+    default:
+      return std::nullopt;
+  }
+}
+
+[[noreturn]] void Fail(std::string_view what) {
+  throw EWindowError(std::string(what) + ": " + SDL_GetError());
+}
+
+}  // namespace
+
+struct TWindow::TState {
+  TVideo Video;
+  std::unique_ptr<SDL_Window, TRelease> Window;
+};
+
+TWindow::TWindow(const std::string& title, int width, int height) : FState(std::make_unique<TState>()) {
+  FState->Window.reset(SDL_CreateWindow(title.c_str(), SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED, width, height,
+                                        SDL_WINDOW_RESIZABLE));
+  if (FState->Window == nullptr) Fail("cannot open a window");
+}
+
+TWindow::~TWindow() = default;
+
+int TWindow::Width() const {
+  int width = 0;
+  SDL_GetWindowSize(FState->Window.get(), &width, nullptr);
+  return width;
+}
+
+int TWindow::Height() const {
+  int height = 0;
+  SDL_GetWindowSize(FState->Window.get(), nullptr, &height);
+  return height;
+}
+
+std::string TWindow::DriverName() const {
+  return FState->Video.Driver();
+}
+
+void TWindow::Show(const TFrame& frame) {
+  if (frame.IsEmpty()) return;
+  SDL_Surface* target = SDL_GetWindowSurface(FState->Window.get());
+  if (target == nullptr) Fail("cannot paint the window");
+  // SDL takes the pixels as writable, but only reads them here.
+  auto* pixels = const_cast<std::uint32_t*>(frame.Pixels.data());  // NOLINT(cppcoreguidelines-pro-type-const-cast)
+  const std::unique_ptr<SDL_Surface, TRelease> source(SDL_CreateRGBSurfaceWithFormatFrom(
+      pixels, frame.Width, frame.Height, 32, frame.Width * 4, SDL_PIXELFORMAT_ARGB8888));
+  if (source == nullptr) Fail("cannot paint the window");
+  SDL_SetSurfaceBlendMode(source.get(), SDL_BLENDMODE_NONE);
+  if (SDL_BlitSurface(source.get(), nullptr, target, nullptr) != 0 ||
+      SDL_UpdateWindowSurface(FState->Window.get()) != 0)
+    Fail("cannot paint the window");
+}
+
+TWindowEvent TWindow::Wait() {
+  SDL_Event event;
+  for (;;) {
+    if (SDL_WaitEvent(&event) == 0) Fail("the display is lost");
+    if (const auto translated = Translate(event)) return *translated;
+  }
+}
+
+std::optional<TWindowEvent> TWindow::Poll() {
+  SDL_Event event;
+  while (SDL_PollEvent(&event) != 0)
+    if (auto translated = Translate(event)) return translated;
+  return std::nullopt;
+}
+
+bool DisplayIsNamed() {
+  return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY");
+}
+
+}  // namespace orv::platform

@@ -1,0 +1,86 @@
+# orv show in a real window under a virtual X server: it paints, scrolls, zooms, follows its size, and ends by Esc.
+. "$(dirname "$0")/lib.sh"
+
+# The X client libraries keep memory until the end, and are unloaded before leaks are looked for.
+export ASAN_OPTIONS=detect_leaks=0
+doing='the X server'
+mkdir "$scratch/screen"
+Xvfb -displayfd 3 -noreset -nolisten tcp -screen 0 1100x900x24 -fbdir "$scratch/screen" 3>"$scratch/display" \
+  2>"$scratch/xvfb.log" &
+server=$!
+viewer=
+trap 'kill $viewer $server 2>/dev/null; wait; rm -rf "$scratch"' EXIT
+
+# wait_for SECONDS COMMAND...: until the command holds.
+wait_for() {
+  local end=$((SECONDS + $1))
+  shift
+  until "$@"; do
+    [ "$SECONDS" -lt "$end" ] || return 1
+    sleep 0.05
+  done
+}
+
+wait_for 20 test -s "$scratch/display" || {
+  fail "it does not start: $(cat "$scratch/xvfb.log")"
+  finish
+}
+DISPLAY=:$(cat "$scratch/display")
+export DISPLAY
+
+screen() { python3 "$ORV_SOURCE_DIR/tests/tools/framebuffer.py" "$scratch/screen/Xvfb_screen0"; }
+dark() { screen | cut -d' ' -f1; }
+digest() { screen | cut -d' ' -f2; }
+has_ink() { [ "$(dark)" -gt 2000 ]; }
+is() { [ "$(digest)" = "$1" ]; }
+is_not() { ! is "$1"; }
+
+doing='orv show'
+"$ORV" show --window -v "$ORV_SOURCE_DIR"/examples/texts/*.txt >"$out" 2>"$err" &
+viewer=$!
+wait_for 20 test -s "$out" || fail "it says nothing: $(cat "$err")"
+[ "$(cat "$out")" = 'window on x11' ] || fail "not a window of the X server: $(cat "$out")"
+wait_for 20 has_ink || fail "the window is blank"
+window=$(xdotool search --name 'fa\.txt.*orv show' | head -1)
+[ -n "$window" ] || fail "no window of that title"
+xdotool windowfocus --sync "$window" mousemove --window "$window" 300 300
+start=$(digest)
+
+# act NAME KEYS...: the picture changes, and there is still text in it.
+act() {
+  doing=$1
+  local before
+  before=$(digest)
+  shift
+  xdotool "$@"
+  wait_for 10 is_not "$before" || fail "nothing changes"
+  wait_for 10 has_ink || fail "nothing to read"
+}
+act 'Page Down' key Next
+act 'the wheel' click 5
+doing='Home'
+xdotool key Home
+wait_for 10 is "$start" || fail "not back at the start"
+act 'Down' key Down
+act 'Up' key Up
+is "$start" || fail "not back at the start"
+act '+' key plus
+doing='0'
+xdotool key 0
+wait_for 10 is "$start" || fail "not back at the first size"
+act 'Ctrl and the wheel' keydown ctrl click 4 keyup ctrl
+act 'End' key End
+act 'a narrower window' windowsize --sync "$window" 500 600
+
+doing='Esc'
+xdotool key Escape
+ended() { ! kill -0 "$viewer" 2>/dev/null; }
+wait_for 10 ended || fail "the window stays"
+wait "$viewer"
+status=$?
+viewer=
+expect_done
+xdotool search --name 'orv show' >/dev/null 2>&1 && fail "the window is still there"
+[ -z "$(ls)" ] || fail "files: $(ls)"
+
+finish

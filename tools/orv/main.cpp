@@ -2,6 +2,7 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 
+#include "tools/orv/Commands.h"
 #include "tools/orv/eval/Eval.h"
 
 int main(int argc, char** argv) {
@@ -9,6 +10,8 @@ int main(int argc, char** argv) {
   app.require_subcommand(1);
 
   CLI::App* eval = app.add_subcommand("eval", "Answer JSON requests, one a line, on standard input");
+  orv::command::AddCalCommand(app);
+  orv::command::AddDateCommand(app);
   bool list = false;
   eval->add_flag("--list", list, "Print every op with its arguments");
 
@@ -17,6 +20,7 @@ int main(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? 0 : 2;
   }
+  if (!*eval) return 0;
   if (list)
     orv::eval::List(std::cout);
   else

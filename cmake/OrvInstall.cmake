@@ -19,7 +19,7 @@ install(FILES ${PROJECT_BINARY_DIR}/OrvConfig.cmake ${PROJECT_BINARY_DIR}/OrvCon
 
 # The pkg-config file links the floors below the adapters, highest first, and finds its prefix from its own place.
 set(pcLibraries ${libraries})
-list(FILTER pcLibraries EXCLUDE REGEX platform)
+list(FILTER pcLibraries EXCLUDE REGEX "platform|icu")
 list(REVERSE pcLibraries)
 list(TRANSFORM pcLibraries PREPEND "-l")
 list(JOIN pcLibraries " " pcLibraries)

@@ -1,5 +1,5 @@
 // The calculators behind the classic units. A classic unit shares its calendar with a calculator; what it reckons
-// otherwise stands here, once for each difference. Inside calendar/classic alone.
+// otherwise stands here, once for each difference. Nothing here is for callers.
 //
 // The objects are used as they are constructed, without settings of their own: years 1 to 9999, months of 30.4375 days.
 #pragma once

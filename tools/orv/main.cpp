@@ -45,7 +45,7 @@ int Run(CLI::App& app, int argc, const char* const* argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  CLI::App app("orv: right-to-left text at the command line", "orv");
+  CLI::App app("orv: right-to-left text and calendars at the command line", "orv");
   app.set_version_flag("--version", "orv " ORV_VERSION, "Print the version");
   app.require_subcommand(1);
   app.footer(
@@ -54,6 +54,8 @@ int main(int argc, char** argv) {
   orv::command::AddShowCommand(app);
   orv::command::AddRunsCommand(app);
   orv::command::AddShapeCommand(app);
+  orv::command::AddDateCommand(app);
+  orv::command::AddCalCommand(app);
   orv::command::AddEvalCommand(app);
   return Run(app, argc, argv);
 }

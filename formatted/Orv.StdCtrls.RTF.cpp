@@ -13,7 +13,8 @@ TRTFText::TRTFData Parse(TMarkupTextReader<TUnit>& reader) {
   reader.SetDirection(TMarkupText::TDirection::Forward);
   // Positions are kept in 32 bits, and no document makes more text than it has units.
   constexpr std::size_t Longest = std::numeric_limits<std::int32_t>::max();
-  if (reader.Rest().size() > Longest || !reader.ReadToken(u'{')) throw EParseError(SBadRTFFormat);
+  if (reader.Rest().size() > Longest) throw EParseError(SBadRTFFormat);
+  reader.CheckToken(u'{');
   TRTFText::TRTFData data;
   rtf::ReadHeader(reader, data);
   rtf::ReadBody(reader, data);

@@ -1,16 +1,17 @@
 #include "formatted/Orv.StdCtrls.HTML.h"
 
+#include <algorithm>
 #include <limits>
 #include <utility>
 #include <vector>
 
-#include "rtl/Assertions.h"
+#include "rtl/TextSearch.h"
 
 namespace orv {
 
 using TTagType = THTMLText::THTMLTagType;
 
-// --- The tree --------------------------------------------------------------------------------------------------------
+// --- The tree ---
 
 // Tags stand in document order, each before its children, so a subtree is a stretch of the array.
 struct THTMLText::TNode {
@@ -21,13 +22,12 @@ struct THTMLText::TNode {
 };
 
 struct THTMLText::TTreeData {
-  UnicodeString Text;
+  UnicodeString Own;         // the text, where it was taken over
+  std::u16string_view Text;  // the text in any case
   std::vector<TNode> Nodes;  // the first is an imaginary root
   std::vector<THTMLTagParam> Params;
 
-  std::u16string_view TextOf(const TNode& node) const {
-    return std::u16string_view(Text).substr(node.First, node.Count);
-  }
+  std::u16string_view TextOf(const TNode& node) const { return Text.substr(node.First, node.Count); }
 };
 
 const THTMLText::TNode& THTMLText::THTMLTag::Node() const {
@@ -56,10 +56,10 @@ UnicodeString THTMLText::THTMLTag::Text() const {
   std::size_t length = 0;
   for (const TNode& node : subtree)
     if (node.Type == TTagType::InnerText) length += node.Count;
-  UnicodeString text;
-  text.reserve(length);
+  UnicodeString text(length, u'\0');
+  auto place = text.begin();
   for (const TNode& node : subtree)
-    if (node.Type == TTagType::InnerText) text += FData->TextOf(node);
+    if (node.Type == TTagType::InnerText) place = std::ranges::copy(FData->TextOf(node), place).out;
   return text;
 }
 
@@ -74,9 +74,7 @@ THTMLText::THTMLTags::TIterator THTMLText::THTMLTags::TIterator::operator++(int)
   return former;
 }
 
-THTMLText::THTMLTree::THTMLTree(UnicodeString text) : FData(std::make_unique<TTreeData>()) {
-  FData->Text = std::move(text);
-}
+THTMLText::THTMLTree::THTMLTree(std::unique_ptr<TTreeData> data) : FData(std::move(data)) {}
 THTMLText::THTMLTree::THTMLTree(THTMLTree&&) noexcept = default;
 THTMLText::THTMLTree& THTMLText::THTMLTree::operator=(THTMLTree&&) noexcept = default;
 THTMLText::THTMLTree::~THTMLTree() = default;
@@ -87,15 +85,18 @@ THTMLText::THTMLTag THTMLText::THTMLTree::Root() const {
   return {FData.get(), single ? 1U : 0U};
 }
 
-// --- The parser ------------------------------------------------------------------------------------------------------
+// --- The parser ---
 
 // One pass over the text with a stack of the open tags. Every character belongs to one tag or one stretch of text, so
 // the pass is linear, and depth costs four bytes a level.
 class THTMLText::TParser {
  public:
-  explicit TParser(TTreeData& data) : FData(data), FReader(std::u16string_view(data.Text)) {}
+  explicit TParser(TTreeData& data) : FData(data), FReader(data.Text) {}
 
   void Parse() {
+    // Offsets and indices are kept in 32 bits.
+    if (FData.Text.size() >= std::numeric_limits<std::uint32_t>::max()) throw EParseError(SIncompleteHTMLTag);
+    Reserve();
     Open(TTagType::Body, 0, 0);
     while (!FReader.Eof()) {
       if (!FReader.ReadToken(u'<')) {
@@ -113,6 +114,20 @@ class THTMLText::TParser {
   }
 
  private:
+  // Every tag begins with a "<" and has at most one text before it; every attribute has two quotes. Room is made once
+  // for as many, but for no more than likely, so that a hostile text claims no memory that it does not fill.
+  void Reserve() {
+    std::size_t tags = 0;
+    std::size_t quotes = 0;
+    for (const char16_t c : FData.Text) {
+      tags += c == u'<' ? 1 : 0;
+      quotes += c == u'"' ? 1 : 0;
+    }
+    const std::size_t likely = FData.Text.size() / 8;
+    FData.Nodes.reserve(std::min(2 * tags, likely) + 2);
+    FData.Params.reserve(std::min(quotes / 2, likely));
+  }
+
   bool AtTop() const { return FOpen.size() == 1; }
   std::uint32_t NextIndex() const { return static_cast<std::uint32_t>(FData.Nodes.size()); }
 
@@ -164,13 +179,14 @@ class THTMLText::TParser {
   // A name may go on behind the part that decides it; the attributes begin where it ends.
   TTagType ReadTagName() {
     const auto index = FReader.ReadEnumIndex(THTMLTag::TagNames);
-    FReader.TakeTill(u" \t\r\n/=\"");
+    FReader.SkipWhile([](char16_t c) { return !IsBlank(c) && !IsLineBreak(c) && c != u'/' && c != u'=' && c != u'"'; });
     return index ? static_cast<TTagType>(*index) : TTagType::Undefined;
   }
 
-  // Text in a tag is looked at no further than its last attribute.
+  // An attribute for every "=" up to the limit that no quoted value holds. What stands behind the last is not looked
+  // at.
   void ReadParams() {
-    for (std::size_t count = CountParams(); count > 0; --count) {
+    while (HasEqualsSign()) {
       FReader.SkipSpaces(false);
       const auto name = FReader.TakeIdent();
       FReader.CheckToken(u'=');
@@ -179,16 +195,9 @@ class THTMLText::TParser {
     }
   }
 
-  // Every "=" up to the limit must have a quoted value behind it.
-  std::size_t CountParams() {
-    const std::ptrdiff_t start = FReader.SavePosition();
-    std::size_t count = 0;
-    for (; FReader.FindChar(u'=', true); ++count) {
-      FReader.SkipSpaces(false);
-      FReader.TakeQuoted();
-    }
-    FReader.RestorePosition(start);
-    return count;
+  bool HasEqualsSign() const {
+    const auto rest = FReader.Rest();
+    return rtl::FindUnit(rest, u'=') < rest.size();
   }
 
   // The name is not compared with that of the tag it closes.
@@ -205,16 +214,23 @@ class THTMLText::TParser {
   std::vector<std::uint32_t> FOpen;
 };
 
-THTMLText::THTMLTree THTMLText::ParseHTML(UnicodeString text) {
-  // Offsets and indices are kept in 32 bits.
-  if (text.size() >= std::numeric_limits<std::uint32_t>::max()) throw EParseError(SIncompleteHTMLTag);
-  THTMLTree tree(std::move(text));
-  TParser(*tree.FData).Parse();
-  return tree;
+THTMLText::THTMLTree THTMLText::ParseHTML(UnicodeString&& text) {
+  auto data = std::make_unique<TTreeData>();
+  data->Own = std::move(text);
+  data->Text = data->Own;
+  TParser(*data).Parse();
+  return THTMLTree(std::move(data));
 }
 
-UnicodeString THTMLText::HTMLToText(UnicodeString text) {
-  return ParseHTML(std::move(text)).Root().Text();
+THTMLText::THTMLTree THTMLText::ParseHTML(std::u16string_view text) {
+  auto data = std::make_unique<TTreeData>();
+  data->Text = text;
+  TParser(*data).Parse();
+  return THTMLTree(std::move(data));
+}
+
+UnicodeString THTMLText::HTMLToText(std::u16string_view text) {
+  return ParseHTML(text).Root().Text();
 }
 
 }  // namespace orv

@@ -42,7 +42,7 @@ class THTMLText {
     LineBreak
   };
 
-  // Views of the text that the tree keeps.
+  // Views of the text that was parsed.
   struct THTMLTagParam {
     std::u16string_view ParamName;
     std::u16string_view ParamValue;
@@ -55,10 +55,12 @@ class THTMLText {
   // The tree of a text. Raises EParseError with "Incomplete HTML Tag" for an opening tag with no ">", and with the
   // expected character for everything else that is not in the subset. Cost: linear in the text, however deep or broken;
   // no recursion. Any thread. Example: "a<B>b</B>" gives a Body of an InnerText "a" and a Bold that holds "b".
-  static THTMLTree ParseHTML(UnicodeString text);
+  // A temporary text is taken over by the tree; any other is borrowed and must outlive it unchanged.
+  static THTMLTree ParseHTML(UnicodeString&& text);
+  static THTMLTree ParseHTML(std::u16string_view text);
 
   // The text of the tree, without its tags. Raises as ParseHTML does. Example: "a<B>b</B>" gives "ab".
-  static UnicodeString HTMLToText(UnicodeString text);
+  static UnicodeString HTMLToText(std::u16string_view text);
 
  private:
   struct TNode;
@@ -131,7 +133,7 @@ class THTMLText::THTMLTags {
   TIterator FEnd;
 };
 
-// Owns a text and the tags found in it, in flat arrays: freeing takes no stack however deep the tree is. Can be moved,
+// Owns the tags of a text, in flat arrays: freeing takes no stack however deep the tree is. Can be moved,
 // which leaves the tags valid; the moved-from tree may only be destroyed or assigned to.
 class THTMLText::THTMLTree {
  public:
@@ -144,7 +146,7 @@ class THTMLText::THTMLTree {
 
  private:
   friend class THTMLText;
-  explicit THTMLTree(UnicodeString text);
+  explicit THTMLTree(std::unique_ptr<TTreeData> data);
   std::unique_ptr<TTreeData> FData;
 };
 

@@ -55,22 +55,12 @@ TMarkupText::TMarkupTextReaderUTF8 TMarkupText::CreateReader(std::string text) {
   return TMarkupTextReaderUTF8(std::move(text));
 }
 
-// --- Position --------------------------------------------------------------------------------------------------------
+// --- Position ---
 
 template <typename TUnit>
 void TMarkupTextReader<TUnit>::RestoreState(TMarkupText::TReaderState state) {
   FState.Direction = state.Direction;
   SetPos(state.Position);
-}
-
-template <typename TUnit>
-void TMarkupTextReader<TUnit>::SetPos(std::ptrdiff_t position) {
-  FState.Position = std::clamp<std::ptrdiff_t>(position, Forward() ? 0 : -1, Size());
-}
-
-template <typename TUnit>
-std::ptrdiff_t TMarkupTextReader<TUnit>::SetEnd(std::ptrdiff_t end) {
-  return std::exchange(FEnd, std::clamp<std::ptrdiff_t>(end, 0, Size()));
 }
 
 template <typename TUnit>
@@ -86,29 +76,13 @@ void TMarkupTextReader<TUnit>::MoveBy(std::ptrdiff_t count) {
 }
 
 template <typename TUnit>
-void TMarkupTextReader<TUnit>::SkipSpaces(bool lineBreaks) {
-  std::ptrdiff_t p = PlaceBehindAll(FState.Position,
-                                    [lineBreaks](char16_t c) { return IsBlank(c) || (lineBreaks && IsLineBreak(c)); });
-  if (p >= FEnd) p = PreviousStart(FEnd);
-  if (p < 0) p = 0;
-  FState.Position = p;
-}
-
-template <typename TUnit>
-auto TMarkupTextReader<TUnit>::Rest() const -> TView {
-  const std::ptrdiff_t from = std::clamp<std::ptrdiff_t>(FState.Position, 0, FEnd);
-  return FView.substr(static_cast<std::size_t>(from), static_cast<std::size_t>(FEnd - from));
-}
-
-template <typename TUnit>
-std::ptrdiff_t TMarkupTextReader<TUnit>::LengthAt(std::ptrdiff_t p) const {
+std::ptrdiff_t TMarkupTextReader<TUnit>::DecodedLength(std::ptrdiff_t p) const {
   if constexpr (sizeof(TUnit) == 1) {
-    if (Inside(p) && static_cast<unsigned char>(FView[static_cast<std::size_t>(p)]) >= 0x80) {
-      const TView limited = FView.substr(0, static_cast<std::size_t>(FEnd));
-      return static_cast<std::ptrdiff_t>(rtl::DecodeUtf8(limited, static_cast<std::size_t>(p)).Length);
-    }
+    const TView limited = FView.substr(0, static_cast<std::size_t>(FEnd));
+    return static_cast<std::ptrdiff_t>(rtl::DecodeUtf8(limited, static_cast<std::size_t>(p)).Length);
+  } else {
+    return 1;
   }
-  return 1;
 }
 
 template <typename TUnit>
@@ -123,33 +97,11 @@ char16_t TMarkupTextReader<TUnit>::DecodedChar(std::ptrdiff_t p) const {
 }
 
 template <typename TUnit>
-std::ptrdiff_t TMarkupTextReader<TUnit>::PreviousStart(std::ptrdiff_t p) const {
-  if constexpr (sizeof(TUnit) == 1) {
-    // A character takes at most four bytes; one that does not end right here is no neighbour.
-    for (std::ptrdiff_t length = 2; length <= 4 && p - length >= 0; ++length)
-      if (LengthAt(p - length) == length) return p - length;
-  }
+std::ptrdiff_t TMarkupTextReader<TUnit>::DecodedStart(std::ptrdiff_t p) const {
+  // A character takes at most four bytes; one that does not end right here is no neighbour.
+  for (std::ptrdiff_t length = 2; length <= 4 && p - length >= 0; ++length)
+    if (LengthAt(p - length) == length) return p - length;
   return p - 1;
-}
-
-template <typename TUnit>
-template <typename TTest>
-std::ptrdiff_t TMarkupTextReader<TUnit>::PlaceBehindAll(std::ptrdiff_t p, TTest test) const {
-  while (Inside(p) && test(CharAt(p))) p = Next(p);
-  return p;
-}
-
-template <typename TUnit>
-auto TMarkupTextReader<TUnit>::Stretch(std::ptrdiff_t from, std::ptrdiff_t to) const -> TView {
-  const std::ptrdiff_t low = Forward() ? from : to < 0 ? 0 : to + LengthAt(to);
-  const std::ptrdiff_t high = Forward() ? to : std::min(from + LengthAt(from), FEnd);
-  if (from == to || low >= high) return {};
-  return FView.substr(static_cast<std::size_t>(low), static_cast<std::size_t>(high - low));
-}
-
-template <typename TUnit>
-auto TMarkupTextReader<TUnit>::Take(std::ptrdiff_t to) -> TView {
-  return Stretch(std::exchange(FState.Position, to), to);
 }
 
 template <typename TUnit>
@@ -160,23 +112,24 @@ UnicodeString TMarkupTextReader<TUnit>::TextOf(TView stretch) {
     return UnicodeString(stretch);
 }
 
-// --- Fixed text ------------------------------------------------------------------------------------------------------
+// --- Fixed text ---
 
 template <typename TUnit>
 std::optional<std::ptrdiff_t> TMarkupTextReader<TUnit>::PlaceBehind(std::u16string_view s, std::ptrdiff_t last) const {
-  const auto place = [this, last](TView wanted) -> std::optional<std::ptrdiff_t> {
+  const auto place = [this, last](auto wanted) -> std::optional<std::ptrdiff_t> {
     const auto length = static_cast<std::ptrdiff_t>(wanted.size());
     const std::ptrdiff_t p = FState.Position;
     const bool fits = Forward() ? p <= last - length : p <= FEnd && p >= length;
     if (!fits) return std::nullopt;
     const std::ptrdiff_t start = Forward() ? p : p - length;
-    if (FView.compare(static_cast<std::size_t>(start), wanted.size(), wanted) != 0) return std::nullopt;
+    const TUnit* source = FView.data() + start;
+    const auto same = [](auto a, TUnit b) { return a == static_cast<decltype(a)>(b); };
+    if (!std::equal(wanted.begin(), wanted.end(), source, same)) return std::nullopt;
     return Forward() ? p + length : start;
   };
-  if constexpr (sizeof(TUnit) == 1)
-    return place(rtl::ToUtf8(s));
-  else
-    return place(s);
+  const auto isAscii = [](char16_t c) { return c < 0x80; };
+  if (sizeof(TUnit) == 1 && !std::all_of(s.begin(), s.end(), isAscii)) return place(std::string_view(rtl::ToUtf8(s)));
+  return place(s);
 }
 
 template <typename TUnit>
@@ -202,20 +155,13 @@ void TMarkupTextReader<TUnit>::RaiseExpected(std::u16string_view expected) const
   throw EParseError(ExpectationMessage(rtl::ToUtf8(expected), found));
 }
 
-// --- Single characters -----------------------------------------------------------------------------------------------
+// --- Single characters ---
 
 template <typename TUnit>
 std::optional<char16_t> TMarkupTextReader<TUnit>::ReadTokenStill(TCharSet set) const {
   if (!Inside(FState.Position)) return std::nullopt;
   const char16_t c = CharAt(FState.Position);
   return set.find(c) == TCharSet::npos ? std::nullopt : std::optional(c);
-}
-
-template <typename TUnit>
-bool TMarkupTextReader<TUnit>::ReadToken(char16_t c) {
-  if (!ReadTokenStill(c)) return false;
-  FState.Position = Next(FState.Position);
-  return true;
 }
 
 template <typename TUnit>
@@ -226,17 +172,8 @@ bool TMarkupTextReader<TUnit>::ReadToken(TCharSet set) {
 }
 
 template <typename TUnit>
-void TMarkupTextReader<TUnit>::CheckToken(char16_t c) {
-  if (!ReadToken(c)) RaiseExpected(std::u16string_view(&c, 1));
-}
-
-template <typename TUnit>
-std::ptrdiff_t TMarkupTextReader<TUnit>::PlaceOf(char16_t c) const {
+std::ptrdiff_t TMarkupTextReader<TUnit>::SearchPlaceOf(char16_t c) const {
   std::ptrdiff_t p = FState.Position;
-  if (Forward() && (sizeof(TUnit) > 1 || c < 0x80)) {
-    const TView rest = Rest();
-    return p + static_cast<std::ptrdiff_t>(rtl::FindUnit(rest, static_cast<TUnit>(c)));
-  }
   while (!EndAt(p) && !(Inside(p) && CharAt(p) == c)) p = Next(p);
   return p;
 }
@@ -249,14 +186,6 @@ std::ptrdiff_t TMarkupTextReader<TUnit>::PlaceOf(TCharSet set) const {
 }
 
 template <typename TUnit>
-bool TMarkupTextReader<TUnit>::FindChar(char16_t c, bool skip) {
-  const std::ptrdiff_t place = PlaceOf(c);
-  if (!Inside(place)) return false;
-  FState.Position = skip ? Next(place) : place;
-  return true;
-}
-
-template <typename TUnit>
 std::optional<char16_t> TMarkupTextReader<TUnit>::FindAny(TCharSet set, bool skip) {
   const std::ptrdiff_t place = PlaceOf(set);
   if (!Inside(place)) return std::nullopt;
@@ -264,12 +193,7 @@ std::optional<char16_t> TMarkupTextReader<TUnit>::FindAny(TCharSet set, bool ski
   return CharAt(place);
 }
 
-// --- Numbers ---------------------------------------------------------------------------------------------------------
-
-template <typename TUnit>
-std::ptrdiff_t TMarkupTextReader<TUnit>::ClosingDigits() const {
-  return PlaceBehindAll(FState.Position, IsDecimalDigit);
-}
+// --- Numbers ---
 
 template <typename TUnit>
 std::optional<std::int32_t> TMarkupTextReader<TUnit>::ReadIntegerStill() const {
@@ -367,7 +291,7 @@ std::uint16_t TMarkupTextReader<TUnit>::HexWord() {
   return *value;
 }
 
-// --- Words and strings -----------------------------------------------------------------------------------------------
+// --- Words and strings ---
 
 template <typename TUnit>
 std::optional<std::ptrdiff_t> TMarkupTextReader<TUnit>::PlaceBehindIdent() const {
@@ -443,7 +367,7 @@ bool TMarkupTextReader<TUnit>::ReadBuffer(std::span<char16_t> buffer) {
   }
 }
 
-// --- Enumerations ----------------------------------------------------------------------------------------------------
+// --- Enumerations ---
 
 template <typename TUnit>
 std::optional<std::int32_t> TMarkupTextReader<TUnit>::ReadEnumIndexStill(TNameTable names) const {

@@ -12,15 +12,19 @@
 // A reader belongs to one thread at a time. No text makes it read out of bounds.
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "rtl/Exceptions.h"
 #include "rtl/Strings.h"
+#include "rtl/TextSearch.h"
 #include "rtl/Utf8.h"
 
 namespace orv {
@@ -49,12 +53,19 @@ constexpr bool IsDecimalDigit(char16_t c) {
 constexpr bool IsAsciiLetter(char16_t c) {
   return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z');
 }
-// The value of a hexadecimal digit of either case; -1 for any other unit.
+// The values of the hexadecimal digits of either case; -1 for any other unit.
+inline constexpr auto HexDigitValues = [] {
+  std::array<std::int8_t, 128> values{};
+  values.fill(-1);
+  for (std::int8_t i = 0; i < 10; ++i) values[static_cast<std::size_t>('0' + i)] = i;
+  for (std::int8_t i = 0; i < 6; ++i) {
+    values[static_cast<std::size_t>('A' + i)] = static_cast<std::int8_t>(10 + i);
+    values[static_cast<std::size_t>('a' + i)] = static_cast<std::int8_t>(10 + i);
+  }
+  return values;
+}();
 constexpr int HexDigitValue(char16_t c) {
-  if (c >= u'0' && c <= u'9') return c - u'0';
-  if (c >= u'A' && c <= u'F') return c - u'A' + 10;
-  if (c >= u'a' && c <= u'f') return c - u'a' + 10;
-  return -1;
+  return c < HexDigitValues.size() ? HexDigitValues[c] : -1;
 }
 
 template <typename TUnit>
@@ -102,7 +113,7 @@ class TMarkupTextReader {
   TMarkupTextReader(const TMarkupTextReader&) = delete;
   TMarkupTextReader& operator=(const TMarkupTextReader&) = delete;
 
-  // --- Position ------------------------------------------------------------------------------------------------------
+  // --- Position ---
 
   std::ptrdiff_t Position() const { return FState.Position; }
   std::ptrdiff_t SavePosition() const { return FState.Position; }
@@ -110,10 +121,12 @@ class TMarkupTextReader {
   TReaderState SaveState() const { return FState; }
   void RestoreState(TReaderState state);
   // Moves the cursor; a place outside the text becomes the nearest one in it. The limit does not matter.
-  void SetPos(std::ptrdiff_t position);
+  void SetPos(std::ptrdiff_t position) {
+    FState.Position = std::clamp<std::ptrdiff_t>(position, Forward() ? 0 : -1, Size());
+  }
   void SetDirection(TDirection direction) { RestoreState({FState.Position, direction}); }
   // Sets the limit, one past the last unit that may be read, and answers the old one.
-  std::ptrdiff_t SetEnd(std::ptrdiff_t end);
+  std::ptrdiff_t SetEnd(std::ptrdiff_t end) { return std::exchange(FEnd, std::clamp<std::ptrdiff_t>(end, 0, Size())); }
   // Forwards: the cursor is at or past the limit. Backwards: before the first unit.
   bool Eof() const { return EndAt(FState.Position); }
   // Moves by that many units along the direction, or against it, and no further than to the first unit or the limit.
@@ -121,13 +134,26 @@ class TMarkupTextReader {
   void StepBack(std::ptrdiff_t count) { MoveBy(Forward() ? Negated(count) : count); }
   // Skips blanks; with line breaks also CR and LF. At the limit the cursor goes back onto the last character before it,
   // so Eof stays false until that character is passed; before the text it goes onto the first.
-  void SkipSpaces(bool lineBreaks);
+  void SkipSpaces(bool lineBreaks) {
+    const auto isSpace = [lineBreaks](char16_t c) { return IsBlank(c) || (lineBreaks && IsLineBreak(c)); };
+    std::ptrdiff_t p = PlaceBehindAll(FState.Position, isSpace);
+    if (p >= FEnd) p = PreviousStart(FEnd);
+    FState.Position = p < 0 ? 0 : p;
+  }
+  // Moves past every character that passes the test.
+  template <typename TTest>
+  void SkipWhile(TTest test) {
+    FState.Position = PlaceBehindAll(FState.Position, test);
+  }
   // The source from the cursor to the limit, whatever the direction. Borrowed from the reader.
-  TView Rest() const;
+  TView Rest() const {
+    const std::ptrdiff_t from = std::clamp<std::ptrdiff_t>(FState.Position, 0, FEnd);
+    return TView(FView.data() + from, static_cast<std::size_t>(FEnd - from));
+  }
   // The whole source. Borrowed from the reader.
   TView Source() const { return FView; }
 
-  // --- Fixed text ----------------------------------------------------------------------------------------------------
+  // --- Fixed text ---
 
   // Forwards, a text that would end exactly at the limit does not match. Backwards, the text before the cursor is
   // compared and the cursor goes to its start, which may be the start of the text.
@@ -135,22 +161,33 @@ class TMarkupTextReader {
   bool ReadStill(std::u16string_view s) const { return PlaceBehind(s, FEnd - 1).has_value(); }
   void Check(std::u16string_view s);
 
-  // --- Single characters ---------------------------------------------------------------------------------------------
+  // --- Single characters ---
 
   // The unit at the cursor in either direction; U+0000 at or past the limit.
   char16_t Token() const { return Inside(FState.Position) ? CharAt(FState.Position) : u'\0'; }
   bool ReadTokenStill(char16_t c) const { return Inside(FState.Position) && CharAt(FState.Position) == c; }
   std::optional<char16_t> ReadTokenStill(TCharSet set) const;
-  bool ReadToken(char16_t c);
+  bool ReadToken(char16_t c) {
+    if (!ReadTokenStill(c)) return false;
+    FState.Position = Next(FState.Position);
+    return true;
+  }
   bool ReadToken(TCharSet set);
-  void CheckToken(char16_t c);
+  void CheckToken(char16_t c) {
+    if (!ReadToken(c)) RaiseExpected(std::u16string_view(&c, 1));
+  }
 
   // Moves to the next such character, or behind it with skip; the cursor stays where there is none.
-  bool FindChar(char16_t c, bool skip);
+  bool FindChar(char16_t c, bool skip) {
+    const std::ptrdiff_t place = PlaceOf(c);
+    if (!Inside(place)) return false;
+    FState.Position = skip ? Next(place) : place;
+    return true;
+  }
   // The same for the first of any; answers which one it was.
   std::optional<char16_t> FindAny(TCharSet set, bool skip);
 
-  // --- Numbers -------------------------------------------------------------------------------------------------------
+  // --- Numbers ---
 
   // One or more decimal digits without a sign, at most 2147483647.
   std::optional<std::int32_t> ReadInteger();
@@ -171,7 +208,7 @@ class TMarkupTextReader {
   std::uint8_t HexByte();
   std::uint16_t HexWord();
 
-  // --- Words and strings ---------------------------------------------------------------------------------------------
+  // --- Words and strings ---
 
   // Forwards only (assertion; without assertions nothing is read).
   std::optional<UnicodeString> ReadIdent();
@@ -221,9 +258,18 @@ class TMarkupTextReader {
     else
       return unit;
   }
-  std::ptrdiff_t LengthAt(std::ptrdiff_t p) const;
+  std::ptrdiff_t LengthAt(std::ptrdiff_t p) const {
+    if constexpr (sizeof(TUnit) == 1)
+      if (Inside(p) && static_cast<unsigned char>(FView[static_cast<std::size_t>(p)]) >= 0x80) return DecodedLength(p);
+    return 1;
+  }
+  std::ptrdiff_t DecodedLength(std::ptrdiff_t p) const;
   char16_t DecodedChar(std::ptrdiff_t p) const;
-  std::ptrdiff_t PreviousStart(std::ptrdiff_t p) const;
+  std::ptrdiff_t PreviousStart(std::ptrdiff_t p) const {
+    if constexpr (sizeof(TUnit) == 1) return DecodedStart(p);
+    return p - 1;
+  }
+  std::ptrdiff_t DecodedStart(std::ptrdiff_t p) const;
   // The place of the next character along the direction.
   std::ptrdiff_t Next(std::ptrdiff_t p) const { return Forward() ? p + LengthAt(p) : PreviousStart(p); }
 
@@ -231,19 +277,31 @@ class TMarkupTextReader {
   std::optional<std::ptrdiff_t> PlaceBehind(std::u16string_view s, std::ptrdiff_t last) const;
   // The first place from p on whose character fails the test, or where the cursor would be at its end.
   template <typename TTest>
-  std::ptrdiff_t PlaceBehindAll(std::ptrdiff_t p, TTest test) const;
+  std::ptrdiff_t PlaceBehindAll(std::ptrdiff_t p, TTest test) const {
+    while (Inside(p) && test(CharAt(p))) p = Next(p);
+    return p;
+  }
   // The first place whose character is (one of) the wanted, or where the cursor would be at its end.
-  std::ptrdiff_t PlaceOf(char16_t c) const;
+  std::ptrdiff_t PlaceOf(char16_t c) const {
+    if (!Forward() || (sizeof(TUnit) == 1 && c >= 0x80)) return SearchPlaceOf(c);
+    return FState.Position + static_cast<std::ptrdiff_t>(rtl::FindUnit(Rest(), static_cast<TUnit>(c)));
+  }
+  std::ptrdiff_t SearchPlaceOf(char16_t c) const;
   std::ptrdiff_t PlaceOf(TCharSet set) const;
-  std::ptrdiff_t ClosingDigits() const;
+  std::ptrdiff_t ClosingDigits() const { return PlaceBehindAll(FState.Position, IsDecimalDigit); }
   // The place behind exactly count hexadecimal digits.
   std::optional<std::ptrdiff_t> PlaceBehindHex(int count) const;
   std::optional<std::ptrdiff_t> PlaceBehindQuoted() const;
   std::optional<std::ptrdiff_t> PlaceBehindIdent() const;
 
   // The source between two places of the cursor, in the order of the text.
-  TView Stretch(std::ptrdiff_t from, std::ptrdiff_t to) const;
-  TView Take(std::ptrdiff_t to);
+  TView Stretch(std::ptrdiff_t from, std::ptrdiff_t to) const {
+    const std::ptrdiff_t low = Forward() ? from : to < 0 ? 0 : to + LengthAt(to);
+    const std::ptrdiff_t high = Forward() ? to : std::min(from + LengthAt(from), FEnd);
+    if (from == to || low >= high) return {};
+    return TView(FView.data() + low, static_cast<std::size_t>(high - low));
+  }
+  TView Take(std::ptrdiff_t to) { return Stretch(std::exchange(FState.Position, to), to); }
   static UnicodeString TextOf(TView stretch);
   static std::uint32_t HexValue(TView digits);
   std::optional<std::uint32_t> TakeHex(int count);

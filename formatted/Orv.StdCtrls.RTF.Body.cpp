@@ -22,22 +22,19 @@ class TBody {
       : FReader(reader), FData(data), FCurrent(StartAttributes(data)) {}
 
   void Read() {
+    // Most text is written with four units of the source for each of its own, and none with less than one.
+    FData.FText.reserve(FReader.Rest().size() / 4);
     for (;;) {
+      ReadStretch();
       if (FReader.Eof()) throw EParseError(SBadRTFFormat);
-      switch (FReader.Token()) {
-        case u'\\':
-          ReadControl();
-          break;
-        case u'{':
-          OpenGroup();
-          break;
-        case u'}':
-          FReader.CheckToken(u'}');
-          if (FGroups.empty()) return EndRange();
-          CloseGroup();
-          break;
-        default:
-          ReadPlainText();
+      if (FReader.ReadToken(u'}')) {
+        if (FGroups.empty()) return EndRange();
+        CloseGroup();
+      } else if (FReader.ReadToken(u'{')) {
+        OpenGroup();
+      } else {
+        FReader.CheckToken(u'\\');
+        ReadWord();
       }
     }
   }
@@ -64,8 +61,7 @@ class TBody {
     return start;
   }
 
-  // --- Ranges
-  // ----------------------------------------------------------------------------------------------------------
+  // --- Ranges ---
 
   void EndRange() {
     const std::size_t start = FRangeStart;
@@ -84,9 +80,9 @@ class TBody {
 
   template <typename TValue>
   void Set(TValue TAttributes::*field, TValue value) {
-    TAttributes changed = FCurrent;
-    changed.*field = value;
-    SetAttributes(changed);
+    if (FCurrent.*field == value) return;
+    EndRange();
+    FCurrent.*field = value;
   }
 
   void SetStyle(TFontStyle style, bool on) {
@@ -101,11 +97,9 @@ class TBody {
     SetAttributes(changed);
   }
 
-  // --- Groups
-  // ----------------------------------------------------------------------------------------------------------
+  // --- Groups ---
 
   void OpenGroup() {
-    FReader.CheckToken(u'{');
     if (FReader.Read(u"\\*")) return SkipGroup();
     // Alike levels share one entry, so that a million of braces costs nothing.
     if (!FGroups.empty() && FGroups.back().Attributes == FCurrent)
@@ -128,73 +122,86 @@ class TBody {
     }
   }
 
-  // --- Text
-  // ------------------------------------------------------------------------------------------------------------
+  // --- Text ---
+
+  using TView = std::basic_string_view<TUnit>;
+
+  static bool IsSign(TUnit c) { return c == '\\' || c == '{' || c == '}' || c == '\r'; }
+
+  // Reads one stretch of text into FText: up to a brace, or to a control word that makes no text.
+  void ReadStretch() {
+    const TView source = FReader.Rest();
+    std::size_t i = 0;
+    while (i < source.size() && source[i] != '{' && source[i] != '}') {
+      const TView rest = source.substr(i);
+      const std::size_t length = rest[0] == '\\' ? ReadEscape(rest) : ReadPlain(rest);
+      if (length == 0) break;
+      i += length;
+    }
+    FReader.Skip(static_cast<std::ptrdiff_t>(i));
+  }
 
   // Up to the next sign that means something. A CR LF of the source is no text; a lone CR or LF is.
-  void ReadPlainText() {
+  std::size_t ReadPlain(TView rest) {
     constexpr rtl::TFourUnits<TUnit> Signs = {'\\', '{', '}', '\r'};
-    const auto rest = FReader.Rest();
-    const std::size_t length = rtl::FindAnyUnit(rest, Signs);
-    AppendSource(rest.substr(0, length));
-    FReader.Skip(static_cast<std::ptrdiff_t>(length));
-    if (length == rest.size() || rest[length] != TUnit{'\r'}) return;
-    FReader.Skip(1);
-    if (!FReader.ReadToken(u'\n')) FData.FText.push_back(u'\r');
-  }
-
-  void AppendSource(std::basic_string_view<TUnit> source) {
+    if (rest[0] == '\r' && rest.size() > 1 && rest[1] == '\n') return 2;
+    const bool single = rest.size() == 1 || IsSign(rest[1]);
+    if (single && (sizeof(TUnit) > 1 || static_cast<unsigned char>(rest[0]) < 0x80)) {
+      FData.FText.push_back(static_cast<char16_t>(rest[0]));  // the blank between two words of escapes
+      return 1;
+    }
+    const std::size_t length = 1 + rtl::FindAnyUnit(rest.substr(1), Signs);
     if constexpr (sizeof(TUnit) == 1)
-      rtl::AppendUtf16(FData.FText, source);
+      rtl::AppendUtf16(FData.FText, rest.substr(0, length));
     else
-      FData.FText.append(source);
+      FData.FText.append(rest.substr(0, length));
+    return length;
   }
 
-  // --- Control words and symbols
-  // ---------------------------------------------------------------------------------------
-
-  void ReadControl() {
-    FReader.CheckToken(u'\\');
-    switch (FReader.Token()) {
-      case u'\'':
-        return ReadByte();
-      case u'\\':
-      case u'{':
-      case u'}':
-        return ReadEscaped();
-      case u'u':
-        if (ReadCodeUnit()) return;
-        break;
+  // The forms behind a backslash that stand for one code unit each. Answers the units of the source they take, or 0 for
+  // anything else.
+  std::size_t ReadEscape(TView rest) {
+    switch (rest.size() > 1 ? rest[1] : TUnit{}) {
+      case '\'':
+        return ReadByte(rest);
+      case 'u':
+        return ReadCodeUnit(rest);
+      case '\\':
+      case '{':
+      case '}':
+        FData.FText.push_back(static_cast<char16_t>(rest[1]));
+        return 2;
       default:
-        break;
+        return 0;
     }
-    ReadWord();
   }
 
-  void ReadEscaped() {
-    FData.FText.push_back(FReader.Token());
-    FReader.Skip(1);
+  // A byte above ASCII becomes a unit far above the digits.
+  static int HexValue(TUnit c) { return HexDigitValue(static_cast<char16_t>(c)); }
+
+  // "\'d3": one byte is one code unit, whatever the page.
+  std::size_t ReadByte(TView rest) {
+    constexpr std::size_t Length = 4;
+    if (rest.size() < Length) return 0;
+    const int high = HexValue(rest[2]);
+    const int low = HexValue(rest[3]);
+    if (high < 0 || low < 0) return 0;
+    FData.FText.push_back(Page()[static_cast<std::uint8_t>(high * 16 + low)]);
+    return Length;
   }
 
-  // One byte is one code unit, whatever the page.
-  void ReadByte() {
-    FReader.CheckToken(u'\'');
-    const std::uint8_t byte = FReader.HexByte();
-    FData.FText.push_back(Page()[byte]);
-  }
-
-  // Hexadecimal, not decimal: "\u0641". One "?" behind it stands in for the character in older readers.
-  bool ReadCodeUnit() {
-    const std::ptrdiff_t start = FReader.SavePosition();
-    FReader.CheckToken(u'u');
-    const auto unit = FReader.ReadHexWord();
-    if (!unit) {
-      FReader.RestorePosition(start);
-      return false;
+  // "\u0641": hexadecimal, not decimal. One "?" behind it stands in for the character in older readers.
+  std::size_t ReadCodeUnit(TView rest) {
+    constexpr std::size_t Length = 6;
+    if (rest.size() < Length) return 0;
+    int unit = 0;
+    for (std::size_t i = 2; i < Length; ++i) {
+      const int digit = HexValue(rest[i]);
+      if (digit < 0) return 0;
+      unit = unit * 16 + digit;
     }
-    FReader.ReadToken(u'?');
-    FData.FText.push_back(static_cast<char16_t>(*unit));
-    return true;
+    FData.FText.push_back(static_cast<char16_t>(unit));
+    return rest.size() > Length && rest[Length] == '?' ? Length + 1 : Length;
   }
 
   const rtl::TCodePage& Page() {
@@ -208,6 +215,8 @@ class TBody {
     return rtl::FindCodePage(FData.OriginalCodePage).value_or(*rtl::FindCodePage(rtl::LatinCodePage));
   }
 
+  // --- Control words ---
+
   // The first word in this order that begins the text decides, so "\bullet" is "\b" and the text "ullet".
   void ReadWord() {
     static constexpr TWord Words[] = {
@@ -218,6 +227,8 @@ class TBody {
         {u"fi", &TBody::SkipFirstLineIndent},   {u"li", &TBody::ReadListIndent}, {u"tab", &TBody::AppendTab},
         {u"par", &TBody::EndParagraph},
     };
+    // A stretch ends at this sign only if what follows is not two digits.
+    if (FReader.ReadToken(u'\'')) FReader.HexByte();
     const char16_t first = FReader.Token();
     for (const TWord& word : Words)
       if (word.Word.front() == first && FReader.Read(word.Word)) return (this->*word.Read)();
@@ -295,8 +306,7 @@ class TBody {
     if (isWord) EndWord();
   }
 
-  // --- Paragraph header: "\pard" and the words behind it
-  // ---------------------------------------------------------------
+  // --- Paragraph header: "\pard" and the words behind it ---
 
   // It resets nothing by itself.
   void ReadParagraphHeader() {

@@ -66,8 +66,7 @@ class THeader {
     EndWord();
   }
 
-  // --- Font table: "{\fN\froman\fprqN\fcharsetN name;}" ... "}"
-  // ---------------------------------------------------------
+  // --- Font table: "{\fN\froman\fprqN\fcharsetN name;}" ... "}" ---
 
   void ReadFonts() {
     const std::size_t count = CountFonts();
@@ -106,8 +105,7 @@ class THeader {
     return name;
   }
 
-  // --- Colour table: "\redN\greenN\blueN;" ... "}"
-  // ---------------------------------------------------------------------
+  // --- Colour table: "\redN\greenN\blueN;" ... "}" ---
 
   void ReadColors() {
     for (std::size_t count = CountColors(); count > 0; --count) FData.ColorTable.push_back(ReadColor());

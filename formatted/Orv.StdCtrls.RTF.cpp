@@ -28,7 +28,7 @@ void TRTFText::TRTFAttributes::SetLangID(std::uint32_t languageId) {
   AnsiToUnicodeLocaleKey = rtl::LanguageCodePage(languageId);
 }
 
-UnicodeString TRTFText::TRTFData::Text() const {
+UnicodeString TRTFText::TRTFData::Text() const& {
   std::size_t length = 0;
   for (const TRTFTextRange& range : Ranges) length += static_cast<std::size_t>(range.Range.Length);
   UnicodeString text;
@@ -36,6 +36,16 @@ UnicodeString TRTFText::TRTFData::Text() const {
   for (const TRTFTextRange& range : Ranges)
     text.append(FText, static_cast<std::size_t>(range.Range.Pos), static_cast<std::size_t>(range.Range.Length));
   return text;
+}
+
+UnicodeString TRTFText::TRTFData::Text() && {
+  std::int64_t covered = 0;
+  for (const TRTFTextRange& range : Ranges) {
+    if (range.Range.Pos != covered) return std::as_const(*this).Text();
+    covered += range.Range.Length;
+  }
+  const bool whole = covered == static_cast<std::int64_t>(FText.size());
+  return whole ? std::move(FText) : std::as_const(*this).Text();
 }
 
 TRTFText::TRTFData TRTFText::ParseRTF(TMarkupText::TMarkupTextReaderUnicode& reader) {

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "formatted/Orv.StdCtrls.Markup.h"
@@ -63,7 +64,9 @@ class TRTFText {
     UnicodeString FText;                    // a paragraph ends with LF CR, in that order
 
     // The stretches of all ranges, joined.
-    UnicodeString Text() const;
+    UnicodeString Text() const&;
+    // The same without a copy where the ranges cover FText from end to end, as those of a parsed document do.
+    UnicodeString Text() &&;
   };
 
   // Reads one document from the reader's cursor on, forwards, and leaves the cursor behind its last "}". Raises
@@ -78,7 +81,8 @@ class TRTFText {
   static TRTFData ParseRTF(std::string_view bytes);
 
   // The text alone.
-  static UnicodeString RTFToText(std::u16string_view text) { return ParseRTF(text).Text(); }
+  static UnicodeString RTFToText(std::u16string_view text) { return std::move(ParseRTF(text)).Text(); }
+  static UnicodeString RTFToText(std::string_view bytes) { return std::move(ParseRTF(bytes)).Text(); }
 };
 
 }  // namespace orv

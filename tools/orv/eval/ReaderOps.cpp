@@ -66,7 +66,7 @@ class TStep {
   const TJson& FStep;
 };
 
-// --- Answers: a value, or null where there is none -------------------------------------------------------------------
+// --- Answers: a value, or null where there is none ---
 
 TJson ValueOf(bool value) {
   return value;

@@ -19,6 +19,9 @@ set(rooms rtl unicode calendar fmx textlayout formatted editing lists binding ru
 # platform/, tools/, examples/, tests/, bench/ and fuzz/.
 set(standard "^<([a-z_0-9]+|[a-z0-9]*intrin\\.h|arm_neon\\.h|wasm_simd128\\.h)>")
 
+# The markup readers stand on the first floor, inside a room of the fourth.
+set(readers "Orv\\.StdCtrls\\.(Markup|HTML|RTF)\\.")
+
 set(failures 0)
 macro(refuse reason)
   message(SEND_ERROR "${name}: ${reason} (${line})")
@@ -40,6 +43,8 @@ foreach(room IN LISTS rooms)
           refuse("${room}/ may know the class records of runtime/ alone")
         elseif(name MATCHES "^runtime/VirtualClass" AND NOT header MATCHES "^\"(rtl/|runtime/VirtualClass)")
           refuse("class records may include rtl/ alone")
+        elseif(name MATCHES "^formatted/${readers}" AND NOT header MATCHES "^\"(rtl/|formatted/${readers})")
+          refuse("the markup readers may include rtl/ alone")
         endif()
       elseif(header MATCHES "^\"")
         refuse("headers of the house are included by their path from the root of the tree")

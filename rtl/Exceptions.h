@@ -34,4 +34,11 @@ class EConvertError : public Exception {
   std::string_view ClassName() const noexcept override { return "EConvertError"; }
 };
 
+// A marked-up text that the readers do not take.
+class EParseError : public Exception {
+ public:
+  using Exception::Exception;
+  std::string_view ClassName() const noexcept override { return "EParseError"; }
+};
+
 }  // namespace rtl

@@ -31,7 +31,7 @@ void AppendUtf8(std::string& out, std::uint32_t c) {
   }
 }
 
-void AppendUtf16(UnicodeString& out, std::uint32_t c) {
+void AppendUnits(UnicodeString& out, std::uint32_t c) {
   if (c < 0x10000) {
     out.push_back(static_cast<char16_t>(c));
     return;
@@ -74,23 +74,41 @@ std::string ToUtf8(std::u16string_view text) {
   return out;
 }
 
+TUtf8Char DecodeUtf8(std::string_view utf8, std::size_t index) {
+  const auto byteAt = [utf8](std::size_t i) { return static_cast<std::uint32_t>(static_cast<unsigned char>(utf8[i])); };
+  const TLead lead = LeadOf(byteAt(index));
+  std::uint32_t c = lead.Bits;
+  std::size_t next = index + 1;
+  int missing = lead.Following;
+  while (missing > 0 && next < utf8.size() && (byteAt(next) & 0xC0) == 0x80) {
+    c = (c << 6) | (byteAt(next++) & 0x3F);
+    --missing;
+  }
+  const bool good = missing == 0 && c >= lead.Least && c <= MaxCodePoint && !IsSurrogate(c);
+  return good ? TUtf8Char{c, next - index} : TUtf8Char{Replacement, 1};
+}
+
+void AppendUtf16(UnicodeString& out, std::string_view utf8) {
+  // Neither loop over plain ASCII has an early exit, so that the compiler makes them vector loops.
+  char seen = 0;
+  for (const char byte : utf8) seen |= byte;
+  if (static_cast<unsigned char>(seen) < 0x80) {
+    const std::size_t former = out.size();
+    out.resize(former + utf8.size());
+    for (std::size_t i = 0; i < utf8.size(); ++i) out[former + i] = static_cast<char16_t>(utf8[i]);
+    return;
+  }
+  for (std::size_t i = 0; i < utf8.size();) {
+    const TUtf8Char c = DecodeUtf8(utf8, i);
+    AppendUnits(out, c.CodePoint);
+    i += c.Length;
+  }
+}
+
 UnicodeString FromUtf8(std::string_view utf8) {
   UnicodeString out;
   out.reserve(utf8.size());
-  const auto byteAt = [utf8](std::size_t i) { return static_cast<std::uint32_t>(static_cast<unsigned char>(utf8[i])); };
-  for (std::size_t i = 0; i < utf8.size();) {
-    const TLead lead = LeadOf(byteAt(i));
-    std::uint32_t c = lead.Bits;
-    std::size_t next = i + 1;
-    int missing = lead.Following;
-    while (missing > 0 && next < utf8.size() && (byteAt(next) & 0xC0) == 0x80) {
-      c = (c << 6) | (byteAt(next++) & 0x3F);
-      --missing;
-    }
-    const bool good = missing == 0 && c >= lead.Least && c <= MaxCodePoint && !IsSurrogate(c);
-    AppendUtf16(out, good ? c : Replacement);
-    i = good ? next : i + 1;
-  }
+  AppendUtf16(out, utf8);
   return out;
 }
 

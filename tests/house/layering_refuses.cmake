@@ -42,6 +42,12 @@ expect_refused(rtl/Planted.cpp "#include <unicode/Unicode.Engine.Types.h>" "rtl/
 expect_refused(fmx/Planted.cpp "#include \"runtime/Marzel.h\"" "fmx/ may know the class records of runtime/ alone")
 expect_refused(runtime/VirtualClass.cpp "#include \"fmx/Canvas.h\"" "class records may include rtl/ alone")
 
+# The markup readers stand below the rest of their room.
+expect_refused(formatted/Orv.StdCtrls.HTML.cpp "#include \"fmx/Canvas.h\"" "the markup readers may include rtl/ alone")
+expect_refused(formatted/Orv.StdCtrls.RTF.Body.cpp "#include \"formatted/Orv.StdCtrls.h\"" "the markup readers may include")
+expect_accepted(formatted/Orv.StdCtrls.RTF.cpp "#include \"formatted/Orv.StdCtrls.Markup.h\"\n#include \"rtl/Sets.h\"")
+expect_accepted(formatted/Orv.StdCtrls.cpp "#include \"formatted/Orv.StdCtrls.HTML.h\"\n#include \"fmx/Canvas.h\"")
+
 # Third parties.
 expect_refused(unicode/Planted.cpp "#include <gtest/gtest.h>" "unicode/ may not name a third-party header")
 expect_refused(rtl/Planted.cpp "#include <unicode/uchar.h>" "rtl/ may not name a third-party header")

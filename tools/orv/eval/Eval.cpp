@@ -6,6 +6,7 @@
 
 #include "tools/orv/eval/Arguments.h"
 #include "tools/orv/eval/Settings.h"
+#include "tools/orv/eval/Write.h"
 
 namespace orv::eval {
 namespace {
@@ -14,7 +15,7 @@ namespace {
 constexpr int DepthLimit = 64;
 
 std::vector<std::span<const TOp>> OpTables() {
-  return {TextOps(), CalendarOps(), ClassicOps()};
+  return {TextOps(), CalendarOps(), ClassicOps(), MarkupOps(), ReaderOps()};
 }
 
 const TOp* FindOp(std::string_view name) {
@@ -62,7 +63,7 @@ std::string Answer(std::string_view line) {
   } catch (const std::exception& error) {
     fail("Exception", error.what());
   }
-  return answer.dump(-1, ' ', false, TJson::error_handler_t::replace);
+  return Written(answer);
 }
 
 void Serve(std::istream& in, std::ostream& out) {

@@ -23,6 +23,8 @@ struct TOp {
 std::span<const TOp> TextOps();
 std::span<const TOp> CalendarOps();
 std::span<const TOp> ClassicOps();
+std::span<const TOp> MarkupOps();
+std::span<const TOp> ReaderOps();
 
 // The answer to one request line, without a line end. Never raises.
 std::string Answer(std::string_view line);

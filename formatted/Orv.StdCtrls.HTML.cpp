@@ -1,0 +1,236 @@
+#include "formatted/Orv.StdCtrls.HTML.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+#include <vector>
+
+#include "rtl/TextSearch.h"
+
+namespace orv {
+
+using TTagType = THTMLText::THTMLTagType;
+
+// --- The tree ---
+
+// Tags stand in document order, each before its children, so a subtree is a stretch of the array.
+struct THTMLText::TNode {
+  std::uint32_t End;    // index behind the last tag of the subtree
+  std::uint32_t First;  // InnerText: offset of its text; any other: index of its first attribute
+  std::uint32_t Count;  // InnerText: length of its text; any other: number of its attributes
+  THTMLTagType Type;
+};
+
+struct THTMLText::TTreeData {
+  UnicodeString Own;         // the text, where it was taken over
+  std::u16string_view Text;  // the text in any case
+  std::vector<TNode> Nodes;  // the first is an imaginary root
+  std::vector<THTMLTagParam> Params;
+
+  std::u16string_view TextOf(const TNode& node) const { return Text.substr(node.First, node.Count); }
+};
+
+const THTMLText::TNode& THTMLText::THTMLTag::Node() const {
+  return FData->Nodes[FIndex];
+}
+
+TTagType THTMLText::THTMLTag::TagType() const {
+  return Node().Type;
+}
+
+std::u16string_view THTMLText::THTMLTag::ImmediateText() const {
+  return TagType() == TTagType::InnerText ? FData->TextOf(Node()) : std::u16string_view();
+}
+
+std::span<const THTMLText::THTMLTagParam> THTMLText::THTMLTag::Params() const {
+  if (TagType() == TTagType::InnerText) return {};
+  return std::span(FData->Params).subspan(Node().First, Node().Count);
+}
+
+THTMLText::THTMLTags THTMLText::THTMLTag::Children() const {
+  return {THTMLTag(FData, FIndex + 1), THTMLTag(FData, Node().End)};
+}
+
+UnicodeString THTMLText::THTMLTag::Text() const {
+  const auto subtree = std::span(FData->Nodes).subspan(FIndex, Node().End - FIndex);
+  std::size_t length = 0;
+  for (const TNode& node : subtree)
+    if (node.Type == TTagType::InnerText) length += node.Count;
+  UnicodeString text(length, u'\0');
+  auto place = text.begin();
+  for (const TNode& node : subtree)
+    if (node.Type == TTagType::InnerText) place = std::ranges::copy(FData->TextOf(node), place).out;
+  return text;
+}
+
+THTMLText::THTMLTags::TIterator& THTMLText::THTMLTags::TIterator::operator++() {
+  FTag.FIndex = FTag.Node().End;
+  return *this;
+}
+
+THTMLText::THTMLTags::TIterator THTMLText::THTMLTags::TIterator::operator++(int) {
+  const TIterator former = *this;
+  ++*this;
+  return former;
+}
+
+THTMLText::THTMLTree::THTMLTree(std::unique_ptr<TTreeData> data) : FData(std::move(data)) {}
+THTMLText::THTMLTree::THTMLTree(THTMLTree&&) noexcept = default;
+THTMLText::THTMLTree& THTMLText::THTMLTree::operator=(THTMLTree&&) noexcept = default;
+THTMLText::THTMLTree::~THTMLTree() = default;
+
+THTMLText::THTMLTag THTMLText::THTMLTree::Root() const {
+  const auto& nodes = FData->Nodes;
+  const bool single = nodes.size() > 1 && nodes[1].End == nodes.size();
+  return {FData.get(), single ? 1U : 0U};
+}
+
+// --- The parser ---
+
+// One pass over the text with a stack of the open tags. Every character belongs to one tag or one stretch of text, so
+// the pass is linear, and depth costs four bytes a level.
+class THTMLText::TParser {
+ public:
+  explicit TParser(TTreeData& data) : FData(data), FReader(data.Text) {}
+
+  void Parse() {
+    // Offsets and indices are kept in 32 bits.
+    if (FData.Text.size() >= std::numeric_limits<std::uint32_t>::max()) throw EParseError(SIncompleteHTMLTag);
+    Reserve();
+    Open(TTagType::Body, 0, 0);
+    while (!FReader.Eof()) {
+      if (!FReader.ReadToken(u'<')) {
+        AddInnerText(FReader.TakeTill(u'<'));
+      } else if (!FReader.ReadTokenStill(u'/')) {
+        ReadOpeningTag();
+      } else if (AtTop()) {
+        break;  // it closes nothing: the rest of the text is dropped
+      } else {
+        ReadClosingTag();
+      }
+    }
+    if (!AtTop()) FReader.CheckToken(u'/');
+    Close();
+  }
+
+ private:
+  // Every tag begins with a "<" and has at most one text before it; every attribute has two quotes. Room is made once
+  // for as many, but for no more than likely, so that a hostile text claims no memory that it does not fill.
+  void Reserve() {
+    std::size_t tags = 0;
+    std::size_t quotes = 0;
+    for (const char16_t c : FData.Text) {
+      tags += c == u'<' ? 1 : 0;
+      quotes += c == u'"' ? 1 : 0;
+    }
+    const std::size_t likely = FData.Text.size() / 8;
+    FData.Nodes.reserve(std::min(2 * tags, likely) + 2);
+    FData.Params.reserve(std::min(quotes / 2, likely));
+  }
+
+  bool AtTop() const { return FOpen.size() == 1; }
+  std::uint32_t NextIndex() const { return static_cast<std::uint32_t>(FData.Nodes.size()); }
+
+  void Open(TTagType type, std::size_t firstParam, std::size_t paramCount) {
+    FOpen.push_back(NextIndex());
+    Append(type, firstParam, paramCount);
+  }
+
+  void Close() {
+    FData.Nodes[FOpen.back()].End = NextIndex();
+    FOpen.pop_back();
+  }
+
+  void Append(TTagType type, std::size_t first, std::size_t count) {
+    FData.Nodes.push_back(
+        {NextIndex() + 1, static_cast<std::uint32_t>(first), static_cast<std::uint32_t>(count), type});
+  }
+
+  void AddInnerText(std::u16string_view text) {
+    Append(TTagType::InnerText, static_cast<std::size_t>(text.data() - FData.Text.data()), text.size());
+  }
+
+  void ReadOpeningTag() {
+    const std::ptrdiff_t start = FReader.SavePosition();
+    if (!FReader.FindChar(u'>', false)) throw EParseError(SIncompleteHTMLTag);
+    const std::ptrdiff_t tagEnd = FReader.SavePosition();
+    const bool closesItself = ClosesItself(tagEnd);
+    FReader.RestorePosition(start);
+
+    const std::ptrdiff_t limit = FReader.SetEnd(tagEnd);
+    const TTagType type = ReadTagName();
+    const std::size_t firstParam = FData.Params.size();
+    ReadParams();
+    FReader.SetEnd(limit);
+    FReader.RestorePosition(tagEnd);
+    FReader.CheckToken(u'>');
+
+    Open(type, firstParam, FData.Params.size() - firstParam);
+    if (closesItself) Close();
+  }
+
+  // Whether the last character before the ">" that is no blank is a "/".
+  bool ClosesItself(std::ptrdiff_t tagEnd) const {
+    auto i = static_cast<std::size_t>(tagEnd) - 1;
+    while (IsBlank(FData.Text[i])) --i;  // the "<" ends it at the latest
+    return FData.Text[i] == u'/';
+  }
+
+  // A name may go on behind the part that decides it; the attributes begin where it ends.
+  TTagType ReadTagName() {
+    const auto index = FReader.ReadEnumIndex(THTMLTag::TagNames);
+    FReader.SkipWhile([](char16_t c) { return !IsBlank(c) && !IsLineBreak(c) && c != u'/' && c != u'=' && c != u'"'; });
+    return index ? static_cast<TTagType>(*index) : TTagType::Undefined;
+  }
+
+  // An attribute for every "=" up to the limit that no quoted value holds. What stands behind the last is not looked
+  // at.
+  void ReadParams() {
+    while (HasEqualsSign()) {
+      FReader.SkipSpaces(false);
+      const auto name = FReader.TakeIdent();
+      FReader.CheckToken(u'=');
+      FReader.SkipSpaces(false);
+      FData.Params.push_back({name, FReader.TakeQuoted()});
+    }
+  }
+
+  bool HasEqualsSign() const {
+    const auto rest = FReader.Rest();
+    return rtl::FindUnit(rest, u'=') < rest.size();
+  }
+
+  // The name is not compared with that of the tag it closes.
+  void ReadClosingTag() {
+    FReader.CheckToken(u'/');
+    FReader.ReadIdentStretch();
+    FReader.SkipSpaces(false);
+    FReader.CheckToken(u'>');
+    Close();
+  }
+
+  TTreeData& FData;
+  TMarkupText::TMarkupTextReaderUnicode FReader;
+  std::vector<std::uint32_t> FOpen;
+};
+
+THTMLText::THTMLTree THTMLText::ParseHTML(UnicodeString&& text) {
+  auto data = std::make_unique<TTreeData>();
+  data->Own = std::move(text);
+  data->Text = data->Own;
+  TParser(*data).Parse();
+  return THTMLTree(std::move(data));
+}
+
+THTMLText::THTMLTree THTMLText::ParseHTML(std::u16string_view text) {
+  auto data = std::make_unique<TTreeData>();
+  data->Text = text;
+  TParser(*data).Parse();
+  return THTMLTree(std::move(data));
+}
+
+UnicodeString THTMLText::HTMLToText(std::u16string_view text) {
+  return ParseHTML(text).Root().Text();
+}
+
+}  // namespace orv

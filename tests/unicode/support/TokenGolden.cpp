@@ -1,0 +1,69 @@
+#include "tests/unicode/support/TokenGolden.h"
+
+#include "tests/unicode/support/Golden.h"
+#include "unicode/Unicode.Engine.TokenReader.h"
+
+namespace orv::testing {
+namespace {
+
+using TBidiType = TDirectiveChars::TBidiType;
+
+std::string NameOf(TBidiType kind) {
+  switch (kind) {
+    case TBidiType::Neutral:
+      return "Neutral";
+    case TBidiType::LTR:
+      return "LTR";
+    case TBidiType::RTL:
+      return "RTL";
+    case TBidiType::ArabicDigit:
+      return "Digit";
+    case TBidiType::SpaceSeparator:
+      return "Space";
+    case TBidiType::LineParagraphSeparator:
+      return "Paragraph";
+    case TBidiType::DirectionalFormatting:
+      return "Format";
+    default:
+      return "?";
+  }
+}
+
+struct TReading {
+  std::string Tokens;
+  std::string Ranges;
+};
+
+TReading Read(std::u16string_view marked, TParagraphBidi paragraph, TBidiType runKind) {
+  const std::u16string text = Text(marked);
+  engine::TWorkspace workspace;
+  TDirectionalRuns runs;
+  engine::TTokenReader reader(text, engine::TSplitSettings::Current(paragraph), workspace, runs);
+  TReading reading;
+  while (!reader.AtEnd()) {
+    reader.RunKind = runKind;
+    const std::int32_t from = reader.Position;
+    const TBidiType kind = reader.ReadNextToken();
+    if (!reading.Tokens.empty()) reading.Tokens += ' ';
+    const TDirectionalRuns whole{{0, reader.Position - from}, {0}, {TBidi::LeftToRight}, {}};
+    const std::string shown = ShownRuns(std::u16string_view(text).substr(static_cast<std::size_t>(from)), whole);
+    reading.Tokens += NameOf(kind) + shown.substr(1) + (reader.SentenceEnded ? "!" : "");
+  }
+  for (const TRange range : runs.Ranges) {
+    if (!reading.Ranges.empty()) reading.Ranges += ' ';
+    reading.Ranges += std::to_string(range.LowIndex) + '-' + std::to_string(range.HighIndex);
+  }
+  return reading;
+}
+
+}  // namespace
+
+std::string Tokens(std::u16string_view marked, TParagraphBidi paragraph, TBidiType runKind) {
+  return Read(marked, paragraph, runKind).Tokens;
+}
+
+std::string TokenRanges(std::u16string_view marked, TParagraphBidi paragraph, TBidiType runKind) {
+  return Read(marked, paragraph, runKind).Ranges;
+}
+
+}  // namespace orv::testing

@@ -193,7 +193,7 @@ constexpr TTable MakeTable() {
     SetForm(table, row.CodePoint, row.Form);
   }
   table[AlefMaksura] |= Special;
-  table[Tatweel] |= Special;
+  table[Tatweel] |= Special | JoinsBack;
 
   for (std::uint32_t mark = 0x64B; mark <= 0x652; ++mark) SetForm(table, mark, 0xFE70 + 2 * (mark - 0x64B));
   SetBits(table, 0x64B, 0x65F, Transparent);

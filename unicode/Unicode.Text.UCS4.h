@@ -18,9 +18,15 @@ using TUCS4List = std::vector<UCS4Char>;   // the text of one run, changed in pl
 using PUCS4Char = UCS4Char*;               // a zero-terminated block, released with TUCS4CharPtrHelper::Free
 
 namespace TUCS4StringHelper {
-inline UCS4Char GetChars(const UCS4String& s, std::int32_t index) { return s[static_cast<std::size_t>(index)]; }
-inline bool IsEmpty(const UCS4String& s) { return s.empty(); }
-inline std::int32_t Length(const UCS4String& s) { return static_cast<std::int32_t>(s.size()); }
+inline UCS4Char GetChars(const UCS4String& s, std::int32_t index) {
+  return s[static_cast<std::size_t>(index)];
+}
+inline bool IsEmpty(const UCS4String& s) {
+  return s.empty();
+}
+inline std::int32_t Length(const UCS4String& s) {
+  return static_cast<std::int32_t>(s.size());
+}
 }  // namespace TUCS4StringHelper
 
 // Operations on one code point. The tests and mappings of the Unicode property service apply to it as they are.
@@ -56,7 +62,9 @@ UCS4Char ConvertFromUtf16(char16_t highSurrogate, char16_t lowSurrogate);
 rtl::UnicodeString ConvertToUtf16(UCS4Char c);
 
 // The low 16 bits, a plain truncation.
-constexpr char16_t ToWideChar(UCS4Char c) { return static_cast<char16_t>(c); }
+constexpr char16_t ToWideChar(UCS4Char c) {
+  return static_cast<char16_t>(c);
+}
 
 bool IsInArray(UCS4Char c, std::span<const UCS4Char> values);
 }  // namespace TUCS4CharHelper
@@ -75,8 +83,8 @@ std::int32_t ConvertFromUtf16(PUCS4Char block, std::u16string_view s, std::int32
 void ReplaceFromUtf16(std::u16string_view s, PUCS4Char& block);
 
 rtl::UnicodeString ConvertToUtf16(const UCS4Char* block);
-void Free(PUCS4Char& block);                  // releases the block and sets the pointer to null
-std::int32_t Length(const UCS4Char* block);   // elements before the first 0; 0 for null
+void Free(PUCS4Char& block);                 // releases the block and sets the pointer to null
+std::int32_t Length(const UCS4Char* block);  // elements before the first 0; 0 for null
 const UCS4Char* PUCS4Chars(const UCS4String& s);
 UCS4String ToUCS4String(const UCS4Char* block);  // no terminator
 }  // namespace TUCS4CharPtrHelper
@@ -92,9 +100,10 @@ rtl::UnicodeString ToUtf16(std::span<const UCS4Char> s);
 // Pointer forms: start is the first element of a zero-terminated block, current lies in it and not before start
 // (assertion). A null current is returned as it came. GetPrevLexemeBegin and GetPrevLexemeEnd read the element before
 // current, so current must not be start.
-const UCS4Char* GetLexemeBegin(const UCS4Char* start, const UCS4Char* current);      // first element of the word at or before
-const UCS4Char* GetLexemeEnd(const UCS4Char* current);                               // last element of the word or gap
-const UCS4Char* GetNextLexemeBegin(const UCS4Char* current);                         // the next word, or the terminator
+const UCS4Char* GetLexemeBegin(const UCS4Char* start,
+                               const UCS4Char* current);      // first element of the word at or before
+const UCS4Char* GetLexemeEnd(const UCS4Char* current);        // last element of the word or gap
+const UCS4Char* GetNextLexemeBegin(const UCS4Char* current);  // the next word, or the terminator
 const UCS4Char* GetPrevLexemeBegin(const UCS4Char* start, const UCS4Char* current);  // the word before
 const UCS4Char* GetPrevLexemeEnd(const UCS4Char* start, const UCS4Char* current);    // behind the word before
 

@@ -386,6 +386,8 @@ void TRunAssembler::ResolveBoundary(TBidiType direction, TBidiType token, std::i
       break;
     case TBoundary::Append:
       AppendRun(direction, false, end);
+      // RunKind stays, so a further number, a unit of measure in it, extends this run.
+      if (FReader.RunKind == TBidiType::ArabicDigit) FMayHoldForeign = true;
       break;
     case TBoundary::AppendAtTurn:
       AppendRun(direction, true, end);

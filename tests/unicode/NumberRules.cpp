@@ -55,15 +55,15 @@ TEST_F(NumberRules, D2_NoDateIsEverFoundWithAnySeparator) {
 
 // ---- D3: Arabic-Indic digits ----
 
-TEST_F(NumberRules, D3_ATextThatBeginsWithAnArabicDigitReadsItsAsciiDigitsOneByOne) {
-  EXPECT_EQ(Tokens(u"\u06F1A12", RTL), "LTR<\\u06F1> RTL<A> LTR<1> LTR<2>");
-  EXPECT_EQ(Tokens(u"\u0660A12", RTL), "LTR<\\u0660> RTL<A> LTR<1> LTR<2>");
-  EXPECT_EQ(Tokens(u"A12", RTL), "RTL<A> LTR<12>");
+TEST_F(NumberRules, D3_InATextThatBeginsWithAnArabicDigitEveryAsciiNumberIsLeftToRight) {
+  EXPECT_EQ(Tokens(u"\u06F1A12+a", RTL), "LTR<\\u06F1> RTL<A> LTR<12> Neutral<+> LTR<a>");
+  EXPECT_EQ(Tokens(u"\u0660A12 A", RTL), "LTR<\\u0660> RTL<A> LTR<12> Space< > RTL<A>");
+  EXPECT_EQ(Tokens(u"A12+a", RTL), "RTL<A> Digit<12+> LTR<a>");
 }
 
 TEST_F(NumberRules, D3_LooksAtTheFirstUnitAlone) {
-  EXPECT_EQ(Tokens(u"a\u06F1A12", RTL), "LTR<a> LTR<\\u06F1> RTL<A> LTR<12>");
-  EXPECT_EQ(Tokens(u" \u06F1A12", RTL), "Space< > LTR<\\u06F1> RTL<A> LTR<12>");
+  EXPECT_EQ(Tokens(u"a\u06F1A12+a", RTL), "LTR<a> LTR<\\u06F1> RTL<A> Digit<12+> LTR<a>");
+  EXPECT_EQ(Tokens(u" \u06F1A12+a", RTL), "Space< > LTR<\\u06F1> RTL<A> Digit<12+> LTR<a>");
 }
 
 TEST_F(NumberRules, D3_StandsBehindD1) {
@@ -73,8 +73,8 @@ TEST_F(NumberRules, D3_StandsBehindD1) {
 // ---- D4: behind a Latin run ----
 
 TEST_F(NumberRules, D4_ADigitBehindALatinRunStaysInIt) {
-  EXPECT_EQ(Tokens(u"12+a", RTL, TKind::LTR), "LTR<1> LTR<2> Neutral<+> LTR<a>");
-  EXPECT_EQ(Tokens(u"12+a", RTL, TKind::DirectionalFormatting), "LTR<1> LTR<2> Neutral<+> LTR<a>");
+  EXPECT_EQ(Tokens(u"12+a", RTL, TKind::LTR), "LTR<12> Neutral<+> LTR<a>");
+  EXPECT_EQ(Tokens(u"12+a", RTL, TKind::DirectionalFormatting), "LTR<12> Neutral<+> LTR<a>");
 }
 
 TEST_F(NumberRules, D4_ADigitBehindAnythingElseIsLookedAt) {
@@ -106,7 +106,7 @@ TEST_F(NumberRules, D5_WhatIsNoMeasure) {
 TEST_F(NumberRules, D5_AQuoteBehindANumberCountsWithItsOptionAndTakesOneDigitOnly) {
   EXPECT_EQ(TokenRanges(u"12\" A", RTL), "");
   const TSettingsGuard guard(With({TOption::PrimeInRightSideOfDigits}));
-  EXPECT_EQ(Tokens(u"12\" A", RTL), "Digit<1> Digit<2> Neutral<\"> Space< > RTL<A>");
+  EXPECT_EQ(Tokens(u"12\" A", RTL), "Digit<12> Neutral<\"> Space< > RTL<A>");
   EXPECT_EQ(TokenRanges(u"12\" A", RTL), "0-0 1-1");
   EXPECT_EQ(TokenRanges(u"12' A", RTL), "");  // the apostrophe counts as part of the number and nothing follows it
   EXPECT_EQ(TokenRanges(u"5 km ", RTL), "0-3");
@@ -126,8 +126,9 @@ TEST_F(NumberRules, D5_APercentSignCountsWithItsOptionBesideOneOfTheOthers) {
 
 TEST_F(NumberRules, D9_EquationsFromRightToLeftTakeEachDigitByItself) {
   const TSettingsGuard guard(RtlMath());
-  EXPECT_EQ(Tokens(u"12 A", RTL), "Digit<1> Digit<2> Space< > RTL<A>");
+  EXPECT_EQ(Tokens(u"12 A", RTL), "Digit<12> Space< > RTL<A>");
   EXPECT_EQ(TokenRanges(u"12 A", RTL), "");
+  EXPECT_EQ(Tokens(u"12.5+a", RTL), "Digit<12> Neutral<.> Digit<5> Neutral<+> LTR<a>");  // no equation is looked for
 }
 
 TEST_F(NumberRules, D9_ANumberAndOperatorsUpToALetterAreOneNumber) {
@@ -215,8 +216,8 @@ TEST_F(NumberRules, D8_DigitsAndBlanksBeforeALatinWordAreLeftToRight) {
   const TSettingsGuard guard(With({TOption::DigitsBeforeLatinAreLatin}));
   EXPECT_EQ(Tokens(u"1'200.5  ab", RTL), "LTR<1'200.5  > LTR<ab>");
   EXPECT_EQ(Tokens(u"12\u00E9", RTL), "LTR<12> LTR<\\u00E9>");
-  EXPECT_EQ(Tokens(u"12 A", RTL), "LTR<1> LTR<2> Space< > RTL<A>");  // D10 with nothing decided
-  EXPECT_EQ(Tokens(u"12 +a", RTL), "LTR<1> LTR<2> Space< > Neutral<+> LTR<a>");
+  EXPECT_EQ(Tokens(u"12 A", RTL), "LTR<12> Space< > RTL<A>");  // D10 with nothing decided
+  EXPECT_EQ(Tokens(u"12 +a", RTL), "LTR<12> Space< > Neutral<+> LTR<a>");
 }
 
 // ---- D10: how much of the number ----

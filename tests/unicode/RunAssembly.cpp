@@ -180,6 +180,7 @@ TEST_F(RunAssembly, BlanksAndNeutralsAtTheEndOfTheText) {
 TEST_F(RunAssembly, ABlankAndANeutralBeforeAnotherDirection) {
   EXPECT_EQ(Split(u"A -aB", RTL), "R<A -> L<a> R<B>");
   EXPECT_EQ(Split(u"A - aB", RTL), "R<A - > L<a> R<B>");
+  EXPECT_EQ(Split(u"A - - aB", RTL), "R<A - - > L<a> R<B>");  // blanks and neutrals alike
   EXPECT_EQ(Split(u"a -AB", RTL), "L<a> R< -AB>");
   EXPECT_EQ(Split(u"A -a", RTL), "R<A > L<-a>");  // where the text ends with that token the neutral goes with it
 }

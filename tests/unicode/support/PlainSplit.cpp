@@ -210,6 +210,7 @@ class TAssembler {
   void AppendRun(TToken kind, bool atTurn, std::int32_t end, std::int32_t turn, std::int32_t line) {
     kind = PlainKind(kind);
     if (!MayStartRun(kind)) Fail("run of a kind that may not start one");
+    if (line != -1) Fail("a place at the end of a line is set");
     TDirectionalRuns& runs = St.Runs;
     runs.Bidi.push_back(kind == TToken::RTL ? TBidi::RightToLeft : TBidi::LeftToRight);
     const auto index = static_cast<std::int32_t>(runs.Offsets.size()) - 1;

@@ -34,20 +34,33 @@ struct TReading {
   std::string Ranges;
 };
 
+bool IsAsciiDigitAt(std::u16string_view text, std::int32_t place) {
+  return place >= 0 && TDirectiveChars::IsDigit(text[static_cast<std::size_t>(place)]);
+}
+
 TReading Read(std::u16string_view marked, TParagraphBidi paragraph, TBidiType runKind) {
   const std::u16string text = Text(marked);
   engine::TWorkspace workspace;
   TDirectionalRuns runs;
   engine::TTokenReader reader(text, engine::TSplitSettings::Current(paragraph), workspace, runs);
   TReading reading;
+  std::int32_t from = 0;
+  TBidiType former = TBidiType::NotExists;
   while (!reader.AtEnd()) {
     reader.RunKind = runKind;
-    const std::int32_t from = reader.Position;
+    const std::int32_t start = reader.Position;
     const TBidiType kind = reader.ReadNextToken();
-    if (!reading.Tokens.empty()) reading.Tokens += ' ';
+    const bool goesOn = kind == former && IsAsciiDigitAt(text, start - 1) && IsAsciiDigitAt(text, start);
+    if (goesOn) {
+      reading.Tokens.erase(reading.Tokens.rfind(NameOf(kind) + '<'));
+    } else {
+      from = start;
+      if (!reading.Tokens.empty()) reading.Tokens += ' ';
+    }
     const TDirectionalRuns whole{{0, reader.Position - from}, {0}, {TBidi::LeftToRight}, {}};
     const std::string shown = ShownRuns(std::u16string_view(text).substr(static_cast<std::size_t>(from)), whole);
     reading.Tokens += NameOf(kind) + shown.substr(1) + (reader.SentenceEnded ? "!" : "");
+    former = reader.SentenceEnded ? TBidiType::NotExists : kind;
   }
   for (const TRange range : runs.Ranges) {
     if (!reading.Ranges.empty()) reading.Ranges += ' ';

@@ -11,7 +11,7 @@
 namespace orv {
 namespace {
 
-constexpr const char* SIdentBackwards = "ReadIdent doesn't work in backward direction.";
+[[maybe_unused]] constexpr const char* SIdentBackwards = "ReadIdent doesn't work in backward direction.";
 constexpr const char* SNotImplementedYet = "Not implemented yet.";
 constexpr std::u16string_view IdentifierName = u"identifier";
 

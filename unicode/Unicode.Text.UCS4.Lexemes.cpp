@@ -7,7 +7,7 @@
 namespace orv {
 namespace {
 
-constexpr std::string_view StandardAssertion = "Assertion failure";
+[[maybe_unused]] constexpr std::string_view StandardAssertion = "Assertion failure";
 
 // Brackets, full stops, commas and mathematical signs belong to words, so a word jump does not stop inside "a,b".
 bool IsLexemeChar(UCS4Char c) {

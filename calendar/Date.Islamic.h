@@ -65,9 +65,9 @@ inline constexpr auto MonthDays = [] {
 // The date of a Julian Day Number. The year is the last that begins at or before the day; what is left of the division
 // by its mean length is thirty times the day of the year.
 constexpr TDate DateOfDay(std::int32_t julianDay) {
-  constexpr std::int64_t ahead = YearsInCycle * 1000000;
+  constexpr std::int64_t ahead = std::int64_t{YearsInCycle} * 1000000;
   constexpr std::int64_t fromStart = YearsInCycle - 4 - YearsInCycle * FirstDayOfYear0 + DaysInCycle * ahead;
-  const auto thirtieths = static_cast<std::uint64_t>(YearsInCycle * julianDay + fromStart);
+  const auto thirtieths = static_cast<std::uint64_t>(std::int64_t{YearsInCycle} * julianDay + fromStart);
   const std::uint64_t year = thirtieths / DaysInCycle;
   const auto dayOfYear = static_cast<std::uint32_t>(thirtieths - year * DaysInCycle) / YearsInCycle;
   const TMonthDay date = MonthDays[static_cast<std::size_t>(dayOfYear)];

@@ -7,45 +7,42 @@
 namespace orv::engine {
 namespace {
 
-// A part of a run that becomes a run of its own.
-struct TPiece {
-  std::int32_t End;
-  TBidi Bidi;
-};
-
 // Builds the runs anew, each former run giving any number of pieces that take its place in the visual order.
 class TRecutter {
  public:
-  explicit TRecutter(const TDirectionalRuns& former) { FFirstPieces.reserve(former.Bidi.size() + 1); }
+  explicit TRecutter(TRecutStorage& storage) : FStorage(storage) {
+    FStorage.Pieces.clear();
+    FStorage.FirstPieces.clear();
+    FStorage.VisualOrder.clear();
+  }
 
   // Called once for each former run, in logical order, before its pieces.
-  void BeginRun() { FFirstPieces.push_back(FPieces.size()); }
-  void Add(std::int32_t end, TBidi bidi) { FPieces.push_back({end, bidi}); }
+  void BeginRun() { FStorage.FirstPieces.push_back(FStorage.Pieces.size()); }
+  void Add(std::int32_t end, TBidi bidi) { FStorage.Pieces.push_back({end, bidi}); }
 
-  bool LineIsEmpty() const { return FPieces.empty() || FPieces.back().Bidi == TBidi::ParagraphSeparator; }
-  void ExtendLast(std::int32_t end) { FPieces.back().End = end; }
+  bool LineIsEmpty() const {
+    return FStorage.Pieces.empty() || FStorage.Pieces.back().Bidi == TBidi::ParagraphSeparator;
+  }
+  void ExtendLast(std::int32_t end) { FStorage.Pieces.back().End = end; }
 
   void PutInto(TDirectionalRuns& runs) {
     BeginRun();
-    std::vector<std::int32_t> order;
-    order.reserve(FPieces.size());
     for (const std::int32_t run : runs.VisualOrder) {
       const auto index = static_cast<std::size_t>(run);
-      for (std::size_t piece = FFirstPieces[index]; piece < FFirstPieces[index + 1]; ++piece)
-        order.push_back(static_cast<std::int32_t>(piece));
+      for (std::size_t piece = FStorage.FirstPieces[index]; piece < FStorage.FirstPieces[index + 1]; ++piece)
+        FStorage.VisualOrder.push_back(static_cast<std::int32_t>(piece));
     }
-    runs.VisualOrder = std::move(order);
+    runs.VisualOrder.swap(FStorage.VisualOrder);
     runs.Offsets.resize(1);
     runs.Bidi.clear();
-    for (const TPiece& piece : FPieces) {
+    for (const TRunPiece& piece : FStorage.Pieces) {
       runs.Offsets.push_back(piece.End);
       runs.Bidi.push_back(piece.Bidi);
     }
   }
 
  private:
-  std::vector<TPiece> FPieces;
-  std::vector<std::size_t> FFirstPieces;  // by former run
+  TRecutStorage& FStorage;
 };
 
 // The end of the line end that begins at the place; the place itself where none begins.
@@ -133,10 +130,11 @@ void CutRun(const TText& text, std::int32_t from, std::int32_t end, TBidi own, T
 
 }  // namespace
 
-void SeparateLineEnds(std::u16string_view s, TBidi paragraph, bool swallowed, TDirectionalRuns& runs) {
+void SeparateLineEnds(std::u16string_view s, TBidi paragraph, bool swallowed, TRecutStorage& storage,
+                      TDirectionalRuns& runs) {
   const TText text(s);
   if (!swallowed && SeparatorsAreLineEnds(text, runs)) return;
-  TRecutter recutter(runs);
+  TRecutter recutter(storage);
   for (std::size_t run = 0; run < runs.Bidi.size(); ++run) {
     recutter.BeginRun();
     const std::int32_t end = runs.Offsets[run + 1];
@@ -178,10 +176,10 @@ bool HoldsForeignLetter(std::u16string_view s, const TDirectionalRuns& runs) {
   return false;
 }
 
-void CutToOwnDirection(std::u16string_view s, TBidi paragraph, TDirectionalRuns& runs) {
+void CutToOwnDirection(std::u16string_view s, TBidi paragraph, TRecutStorage& storage, TDirectionalRuns& runs) {
   const TText text(s);
   if (!HoldsForeignLetter(s, runs)) return;
-  TRecutter recutter(runs);
+  TRecutter recutter(storage);
   for (std::size_t run = 0; run < runs.Bidi.size(); ++run) {
     recutter.BeginRun();
     if (runs.Bidi[run] == TBidi::ParagraphSeparator)

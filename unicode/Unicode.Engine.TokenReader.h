@@ -2,6 +2,7 @@
 // docs/engine.md: R, L, S, P, Q, B-open, B-close, N, and D1 to D10 for an ASCII digit in right-to-left text.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -33,6 +34,19 @@ struct alignas(16) TBidiStackData {
   std::int32_t EndOfLine;
 };
 
+// A part of a run that a correction makes a run of its own.
+struct TRunPiece {
+  std::int32_t End;
+  TBidi Bidi;
+};
+
+// What cutting runs needs.
+struct TRecutStorage {
+  std::vector<TRunPiece> Pieces;
+  std::vector<std::size_t> FirstPieces;  // by former run
+  std::vector<std::int32_t> VisualOrder;
+};
+
 // Working storage that a thread keeps from call to call, so that a usual call allocates its results and nothing else.
 struct TWorkspace {
   static constexpr std::size_t RunCapacity = 2048;
@@ -44,6 +58,7 @@ struct TWorkspace {
   std::vector<TBidiStackData> Stack;
   std::vector<TCloserPlace> Closers;
   std::vector<std::int32_t> LatePlaces;
+  TRecutStorage Recut;
 };
 
 constexpr bool IsUnmergable(TBidiType kind) {

@@ -39,9 +39,9 @@ void Split(std::u16string_view s, TParagraphBidi paragraphBidi, engine::TWorkspa
 
   const TBidi paragraph = reader.BaseBidi == engine::TBidiType::RTL ? TBidi::RightToLeft : TBidi::LeftToRight;
   if (settings.Corrections.Contains(TOrvCorrection::LineEnds) && (reader.ParagraphEnded || reader.LineEndSwallowed))
-    engine::SeparateLineEnds(s, paragraph, reader.LineEndSwallowed, runs);
+    engine::SeparateLineEnds(s, paragraph, reader.LineEndSwallowed, workspace.Recut, runs);
   if (settings.Corrections.Contains(TOrvCorrection::OwnDirection) && assembler.MayHoldForeignLetter())
-    engine::CutToOwnDirection(s, paragraph, runs);
+    engine::CutToOwnDirection(s, paragraph, workspace.Recut, runs);
 }
 
 }  // namespace

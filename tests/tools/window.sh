@@ -9,7 +9,7 @@ Xvfb -displayfd 3 -noreset -nolisten tcp -screen 0 1100x900x24 -fbdir "$scratch/
   2>"$scratch/xvfb.log" &
 server=$!
 viewer=
-trap 'kill $viewer $server 2>/dev/null; wait; rm -rf "$scratch"' EXIT
+trap 'kill -KILL $viewer 2>/dev/null; kill $server 2>/dev/null; wait; rm -rf "$scratch"' EXIT
 
 # wait_for SECONDS COMMAND...: until the command holds.
 wait_for() {
@@ -21,7 +21,7 @@ wait_for() {
   done
 }
 
-wait_for 20 test -s "$scratch/display" || {
+wait_for 60 test -s "$scratch/display" || {
   fail "it does not start: $(cat "$scratch/xvfb.log")"
   finish
 }
@@ -38,9 +38,9 @@ is_not() { ! is "$1"; }
 doing='orv show'
 "$ORV" show --window -v "$ORV_SOURCE_DIR"/examples/texts/*.txt >"$out" 2>"$err" &
 viewer=$!
-wait_for 20 test -s "$out" || fail "it says nothing: $(cat "$err")"
+wait_for 60 test -s "$out" || fail "it says nothing: $(cat "$err")"
 [ "$(cat "$out")" = 'window on x11' ] || fail "not a window of the X server: $(cat "$out")"
-wait_for 20 has_ink || fail "the window is blank"
+wait_for 60 has_ink || fail "the window is blank"
 window=$(xdotool search --name 'fa\.txt.*orv show' | head -1)
 [ -n "$window" ] || fail "no window of that title"
 xdotool windowfocus --sync "$window" mousemove --window "$window" 300 300
@@ -53,21 +53,21 @@ act() {
   before=$(digest)
   shift
   xdotool "$@"
-  wait_for 10 is_not "$before" || fail "nothing changes"
-  wait_for 10 has_ink || fail "nothing to read"
+  wait_for 30 is_not "$before" || fail "nothing changes"
+  wait_for 30 has_ink || fail "nothing to read"
 }
 act 'Page Down' key Next
 act 'the wheel' click 5
 doing='Home'
 xdotool key Home
-wait_for 10 is "$start" || fail "not back at the start"
+wait_for 30 is "$start" || fail "not back at the start"
 act 'Down' key Down
 act 'Up' key Up
-is "$start" || fail "not back at the start"
+wait_for 30 is "$start" || fail "not back at the start"
 act '+' key plus
 doing='0'
 xdotool key 0
-wait_for 10 is "$start" || fail "not back at the first size"
+wait_for 30 is "$start" || fail "not back at the first size"
 act 'Ctrl and the wheel' keydown ctrl click 4 keyup ctrl
 act 'End' key End
 act 'a narrower window' windowsize --sync "$window" 500 600
@@ -75,7 +75,10 @@ act 'a narrower window' windowsize --sync "$window" 500 600
 doing='Esc'
 xdotool key Escape
 ended() { ! kill -0 "$viewer" 2>/dev/null; }
-wait_for 10 ended || fail "the window stays"
+wait_for 30 ended || {
+  fail "the window stays"
+  kill -KILL "$viewer"
+}
 wait "$viewer"
 status=$?
 viewer=

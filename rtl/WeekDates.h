@@ -38,8 +38,8 @@ struct TNthWeekDay {
 
 std::uint16_t DayOfTheWeek(TDateTime value);
 
-// The day of the month, from 1, on which the nth of some day of the week falls in a month that begins on firstDayOfWeek.
-// Days of the week may be numbered from any day. Nothing is checked; the result is a word and wraps.
+// The day of the month, from 1, on which the nth of some day of the week falls in a month that begins on
+// firstDayOfWeek. Days of the week may be numbered from any day. Nothing is checked; the result is a word and wraps.
 constexpr std::uint16_t DayOfNthWeekDay(std::int32_t firstDayOfWeek, std::int32_t nth, std::int32_t dayOfWeek) {
   const std::int32_t toFirstOne = dayOfWeek - firstDayOfWeek + (dayOfWeek < firstDayOfWeek ? 7 : 0);
   return static_cast<std::uint16_t>(toFirstOne + (nth - 1) * 7 + 1);

@@ -32,7 +32,7 @@ class TRecutter {
       for (std::size_t piece = FStorage.FirstPieces[index]; piece < FStorage.FirstPieces[index + 1]; ++piece)
         FStorage.VisualOrder.push_back(static_cast<std::int32_t>(piece));
     }
-    runs.VisualOrder.swap(FStorage.VisualOrder);
+    runs.VisualOrder = FStorage.VisualOrder;  // each keeps its own storage
     runs.Offsets.resize(1);
     runs.Bidi.clear();
     for (const TRunPiece& piece : FStorage.Pieces) {

@@ -43,6 +43,7 @@ constexpr std::uint16_t ClassWordOf(char16_t c) {
   if (wordLTR || IsPassedOver(c, kind)) bits |= TUnitClass::PlainLTR;
   if (kind.IsRTL() || IsPassedOver(c, kind)) bits |= TUnitClass::PlainRTL;
   if (kind.IsLTR() && kind.IsLetter()) bits |= TUnitClass::LetterLTR;
+  if ((bits & TUnitClass::PlainLTR) != 0 && kind.Category() != TCategory::Nd) bits |= TUnitClass::PlainLTRLetters;
   return static_cast<std::uint16_t>(bits);
 }
 

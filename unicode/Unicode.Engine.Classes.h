@@ -35,11 +35,13 @@ class TUnitClass {
     RTL = 0x20,  // strong right-to-left
     LTR = 0x40,  // strong left-to-right
     WhiteSpace = 0x80,
-    PlainLTR = 0x100,   // neither ends a left-to-right stretch nor needs a look at its neighbours
-    PlainRTL = 0x200,   // the same in a right-to-left stretch
-    WordLTR = 0x400,    // a letter or digit of a left-to-right stretch
-    WordRTL = 0x800,    // a letter of a right-to-left stretch
-    LetterLTR = 0x1000  // strong left-to-right and a letter
+    PlainLTR = 0x100,    // neither ends a left-to-right stretch nor needs a look at its neighbours
+    PlainRTL = 0x200,    // the same in a right-to-left stretch
+    WordLTR = 0x400,     // a letter or digit of a left-to-right stretch
+    WordRTL = 0x800,     // a letter of a right-to-left stretch
+    LetterLTR = 0x1000,  // strong left-to-right and a letter
+    PlainLTRLetters =
+        0x2000  // PlainLTR but for digits, which are exceptions to a left-to-right stretch in right-to-left text
   };
 
   constexpr explicit TUnitClass(std::uint16_t bits) : FBits(bits) {}

@@ -95,15 +95,15 @@ void TRunAssembler::Run() {
 }
 
 // Whatever lies between here and the next exception is one run of the direction in force, or extends the open one. The
-// units are searched once; what is left of a stretch goes the ordinary way, token by token.
+// units are searched once for each direction; what is left of a stretch goes the ordinary way, token by token.
 bool TRunAssembler::SkipStretch() {
-  if (FReader.Position < FStretchSeen || LeavesNumberRun()) return false;
-  const TBidiType direction = FReader.CurrentBidi;
+  const TBidiType direction = StretchAhead();
   const bool rtl = direction == TBidiType::RTL;
-  if (!MayBeginStretch(FReader.Text, FReader.Position, rtl)) return false;
+  if (direction == TBidiType::NotExists || FReader.Position < FStretchSeen[rtl]) return false;
   const TStretch stretch =
-      FindStretch(FReader.Text, FReader.Position, {rtl, FReader.SingleQuoteOpen, FReader.DoubleQuoteOpen});
-  FStretchSeen = stretch.SeenEnd;
+      FindStretch(FReader.Text, FReader.Position,
+                  {rtl, direction != FReader.CurrentBidi, FReader.SingleQuoteOpen, FReader.DoubleQuoteOpen});
+  FStretchSeen[rtl] = stretch.SeenEnd;
   if (stretch.End == FReader.Position) return false;
   FReader.Position = stretch.End;
   FReader.SavedEndOfLine = FReader.EndOfLine;
@@ -116,6 +116,20 @@ bool TRunAssembler::SkipStretch() {
     StartRun(direction, stretch.End);
   if (stretch.SentenceEnded) EndStep();
   return true;
+}
+
+// The direction of the stretch that may begin here, LTR or RTL; NotExists when there is none.
+TBidiType TRunAssembler::StretchAhead() const {
+  const TUnitClass word = WordAhead(FReader.Text, FReader.Position);
+  const TBidiType direction = FReader.CurrentBidi;
+  if (word.Has(direction == TBidiType::RTL ? TUnitClass::WordRTL : TUnitClass::WordLTR))
+    return LeavesNumberRun() ? TBidiType::NotExists : direction;
+  // A run of the other direction goes on; where equations run right to left, its digits do not.
+  const bool goesOn = FReader.RunKind == TBidiType::RTL
+                          ? direction == TBidiType::LTR && word.Has(TUnitClass::WordRTL)
+                          : FReader.RunKind == TBidiType::LTR && direction == TBidiType::RTL &&
+                                word.Has(TUnitClass::LetterLTR) && !FReader.Settings.RTLMath;
+  return goesOn ? FReader.RunKind : TBidiType::NotExists;
 }
 
 // The one place where left-to-right text behind a blank makes two runs: behind a number in a right-to-left paragraph.

@@ -31,6 +31,7 @@ class TRunAssembler {
   void ResolveAtEnd(std::int32_t runStart, TBidiType next);
   void Finish();
   bool SkipStretch();
+  TBidiType StretchAhead() const;
   bool LeavesNumberRun() const;
 
   void AppendRun(TBidiType kind, bool atTurn, std::int32_t end);
@@ -52,7 +53,8 @@ class TRunAssembler {
   std::size_t FStackCountBefore = 0;  // a lower count at the step's end: a bracket or quote has closed
   std::int32_t FRunStart = 0;         // in the blank branch: where the blanks end
   bool FMayHoldForeign = false;
-  std::int32_t FStretchSeen = 0;  // up to here the text was searched for a stretch of one direction
+  std::int32_t FStretchSeen[2] = {0,
+                                  0};  // up to here the text was searched for stretches: left-to-right, right-to-left
 };
 
 }  // namespace orv::engine

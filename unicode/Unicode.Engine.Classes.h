@@ -62,6 +62,19 @@ class TUnitClass {
   std::uint16_t FBits;
 };
 
+// The class bits that stretches are searched by.
+enum class TStretchBit : std::uint8_t { LTR, RTL, LTRLetters };
+inline constexpr std::array<TUnitClass::TBit, 3> StretchBits{TUnitClass::PlainLTR, TUnitClass::PlainRTL,
+                                                             TUnitClass::PlainLTRLetters};
+
+// Those bits of the units of four pages of 256: by the low four bits of a unit, eight answers for the lower half of the
+// page and eight for the upper half, the lowest for the lowest of the next four bits.
+struct TPageBits {
+  std::array<std::uint8_t, 16> Lower, Upper;
+};
+inline constexpr std::array<std::uint8_t, 4> TablePages{0x00, 0x05, 0x06, 0x20};
+extern const std::array<std::array<TPageBits, 4>, 3> StretchPages;
+
 // The class word of each of the 65,536 code units.
 extern const std::array<std::uint16_t, 0x10000> UnitClasses;
 

@@ -97,39 +97,40 @@ void TRunAssembler::Run() {
 // Whatever lies between here and the next exception is one run of the direction in force, or extends the open one. The
 // units are searched once for each direction; what is left of a stretch goes the ordinary way, token by token.
 bool TRunAssembler::SkipStretch() {
-  const TBidiType direction = StretchAhead();
+  const TWordAhead word = WordAhead(FReader.Text, FReader.Position);
+  const TBidiType direction = DirectionOfStretch(word.First);
   const bool rtl = direction == TBidiType::RTL;
   if (direction == TBidiType::NotExists || FReader.Position < FStretchSeen[rtl]) return false;
-  const TStretch stretch =
-      FindStretch(FReader.Text, FReader.Position,
-                  {rtl, direction != FReader.CurrentBidi, FReader.SingleQuoteOpen, FReader.DoubleQuoteOpen});
+  const bool foreign = direction != FReader.CurrentBidi;
+  const TStretch stretch = FindStretch(FReader.Text, FReader.Position,
+                                       {rtl, foreign, FReader.SingleQuoteOpen, FReader.DoubleQuoteOpen});
   FStretchSeen[rtl] = stretch.SeenEnd;
   if (stretch.End == FReader.Position) return false;
-  FReader.Position = stretch.End;
   FReader.SavedEndOfLine = FReader.EndOfLine;
   FReader.SentenceEnded = stretch.SentenceEnded;
   FLastToken = direction;
   FStackCountBefore = FReader.Stack.size();
-  if (FReader.RunKind == direction)
+  if (FReader.RunKind == direction) {
     ExtendRun(stretch.End);
-  else
+  } else {
+    // What stands before a foreign word stays with the run of the direction in force.
+    if (foreign && word.Place != FReader.Position) ExtendRun(word.Place);
     StartRun(direction, stretch.End);
+  }
+  FReader.Position = stretch.End;
   if (stretch.SentenceEnded) EndStep();
   return true;
 }
 
-// The direction of the stretch that may begin here, LTR or RTL; NotExists when there is none.
-TBidiType TRunAssembler::StretchAhead() const {
-  const TUnitClass word = WordAhead(FReader.Text, FReader.Position);
+// The direction of the stretch that may begin with this word, LTR or RTL; NotExists where the rules have more to say.
+TBidiType TRunAssembler::DirectionOfStretch(TUnitClass word) const {
   const TBidiType direction = FReader.CurrentBidi;
   if (word.Has(direction == TBidiType::RTL ? TUnitClass::WordRTL : TUnitClass::WordLTR))
     return LeavesNumberRun() ? TBidiType::NotExists : direction;
-  // A run of the other direction goes on; where equations run right to left, its digits do not.
-  const bool goesOn = FReader.RunKind == TBidiType::RTL
-                          ? direction == TBidiType::LTR && word.Has(TUnitClass::WordRTL)
-                          : FReader.RunKind == TBidiType::LTR && direction == TBidiType::RTL &&
-                                word.Has(TUnitClass::LetterLTR) && !FReader.Settings.RTLMath;
-  return goesOn ? FReader.RunKind : TBidiType::NotExists;
+  if (FReader.RunKind != TBidiType::LTR && FReader.RunKind != TBidiType::RTL) return TBidiType::NotExists;
+  if (direction == TBidiType::LTR) return word.Has(TUnitClass::WordRTL) ? TBidiType::RTL : TBidiType::NotExists;
+  // Where equations run right to left, the digits in a left-to-right word do not go with it.
+  return word.Has(TUnitClass::LetterLTR) && !FReader.Settings.RTLMath ? TBidiType::LTR : TBidiType::NotExists;
 }
 
 // The one place where left-to-right text behind a blank makes two runs: behind a number in a right-to-left paragraph.

@@ -31,7 +31,7 @@ class TRunAssembler {
   void ResolveAtEnd(std::int32_t runStart, TBidiType next);
   void Finish();
   bool SkipStretch();
-  TBidiType StretchAhead() const;
+  TBidiType DirectionOfStretch(TUnitClass word) const;
   bool LeavesNumberRun() const;
 
   void AppendRun(TBidiType kind, bool atTurn, std::int32_t end);

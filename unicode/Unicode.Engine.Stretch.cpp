@@ -1,6 +1,6 @@
 #include "unicode/Unicode.Engine.Stretch.h"
 
-#include "unicode/Unicode.Engine.Vectors.h"
+#include "unicode/Unicode.Engine.SkipPlain.h"
 
 namespace orv::engine {
 namespace {
@@ -16,7 +16,7 @@ class TStretchFinder {
   TStretch Find(std::int32_t from) const {
     std::int32_t end = from;
     do {
-      end = SkipClass(FText.Data(), end + 1, FText.Length(), Plain);
+      end = SkipPlain(FText.Data(), end + 1, FText.Length(), Plain);
     } while (end < FText.Length() && IsPassedHere(from, end));
     if (!Foreign && FText.At(end) == u'.' && IsSentenceStop(FText, end) && IsWordBefore(from, end))
       return {end + 1, end + 1, true};
@@ -24,9 +24,9 @@ class TStretchFinder {
   }
 
  private:
-  static constexpr TUnitClass::TBit Plain = Rtl       ? TUnitClass::PlainRTL
-                                            : Foreign ? TUnitClass::PlainLTRLetters
-                                                      : TUnitClass::PlainLTR;
+  static constexpr TStretchBit Plain = Rtl       ? TStretchBit::RTL
+                                       : Foreign ? TStretchBit::LTRLetters
+                                                 : TStretchBit::LTR;
   static constexpr TUnitClass::TBit Word = Rtl ? TUnitClass::WordRTL : TUnitClass::WordLTR;
 
   bool IsWord(std::int32_t place) const { return ClassOf(FText[place]).Has(Word); }

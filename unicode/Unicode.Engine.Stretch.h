@@ -13,12 +13,17 @@
 
 namespace orv::engine {
 
-// The class bits of the word that stands here, or behind one blank or neutral. A stretch is worth a search only there.
-inline TUnitClass WordAhead(const TText& text, std::int32_t from) {
+// The word that stands here, or behind one blank or neutral. A stretch is worth a search only there.
+struct TWordAhead {
+  TUnitClass First;    // the class of its first unit
+  std::int32_t Place;  // where it begins
+};
+
+inline TWordAhead WordAhead(const TText& text, std::int32_t from) {
   constexpr unsigned neutral = TUnitClass::PlainLTR | TUnitClass::PlainRTL;
-  const TUnitClass first = ClassOf(text[from]);
-  const TUnitClass second = ClassOf(text.At(from + 1));
-  return (first.Bits() & neutral) == neutral ? second : first;
+  const TUnitClass here = ClassOf(text[from]);
+  const TUnitClass behind = ClassOf(text.At(from + 1));
+  return (here.Bits() & neutral) == neutral ? TWordAhead{behind, from + 1} : TWordAhead{here, from};
 }
 
 struct TStretch {

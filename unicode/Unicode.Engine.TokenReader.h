@@ -85,7 +85,7 @@ class TTokenReader {
   std::int32_t OrderCount() const { return Order.Count(); }
 
   const TText Text;
-  const TSplitSettings Settings;
+  const TSplitSettings& Settings;  // borrowed
   const bool HasArabicDigits;  // looks at the first unit alone, however long the text is
   TDirectionalRuns& Runs;
   TVisualOrder Order;

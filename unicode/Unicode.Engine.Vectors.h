@@ -2,7 +2,6 @@
 // gives SSE2, NEON or WebAssembly SIMD where the target has them and plain instructions elsewhere.
 #pragma once
 
-#include <bit>
 #include <cstdint>
 #include <cstring>
 #if defined(__SSE2__)
@@ -83,57 +82,6 @@ inline std::int32_t FindUnit(const char16_t* text, std::int32_t from, std::int32
     if (others != TUnits::Count) return from + others;
   }
   while (from < end && text[from] != unit) ++from;
-  return from;
-}
-
-// The class words of sixteen units at a time.
-class TClassGroup {
- public:
-  static constexpr std::int32_t Count = 16;
-
-  explicit TClassGroup(const char16_t* units) : FLow(Classes(units)), FHigh(Classes(units + Count / 2)) {}
-
-  // Which of the units have the bit in their class: the lowest bit answers for the first.
-  std::uint32_t Having(TUnitClass::TBit bit) const {
-#if defined(__SSE2__)
-    const int toSign = std::countl_zero(static_cast<std::uint16_t>(bit));
-    return static_cast<std::uint32_t>(_mm_movemask_epi8(
-        _mm_packs_epi16(reinterpret_cast<__m128i>(FLow << toSign), reinterpret_cast<__m128i>(FHigh << toSign))));
-#else
-    std::uint32_t answers = 0;
-    for (int i = 0; i < Count / 2; ++i) {
-      answers |= ((FLow[i] & bit) != 0 ? 1U : 0U) << i;
-      answers |= ((FHigh[i] & bit) != 0 ? 1U : 0U) << (i + Count / 2);
-    }
-    return answers;
-#endif
-  }
-
- private:
-  using TLanes = std::uint16_t __attribute__((vector_size(16)));
-
-  static TLanes Classes(const char16_t* units) {
-    const auto word = [&](int i) { return UnitClasses[units[i]]; };
-    return TLanes{word(0), word(1), word(2), word(3), word(4), word(5), word(6), word(7)};
-  }
-
-  TLanes FLow, FHigh;
-};
-
-// The first place from from up to end whose unit does not have the bit in its class. Sixteen units share one branch,
-// those at the end of the text too.
-inline std::int32_t SkipClass(const char16_t* text, std::int32_t from, std::int32_t end, TUnitClass::TBit bit) {
-  constexpr std::int32_t count = TClassGroup::Count;
-  for (; end - from >= count; from += count) {
-    const int yes = std::countr_one(TClassGroup(text + from).Having(bit));
-    if (yes < count) return from + yes;
-  }
-  const std::int32_t last = end - count;
-  if (last >= 0) {
-    const std::uint32_t before = (std::uint32_t{1} << (from - last)) - 1;
-    return last + std::countr_one(TClassGroup(text + last).Having(bit) | before);
-  }
-  while (from < end && ClassOf(text[from]).Has(bit)) ++from;
   return from;
 }
 

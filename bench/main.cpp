@@ -22,6 +22,8 @@ int main(int argc, char** argv) {
   orv::bench::RegisterSplit();
   orv::bench::RegisterAdversarial();
   orv::bench::RegisterShape();
+  orv::bench::RegisterDays();
+  orv::bench::RegisterDateText();
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();
 }

@@ -24,6 +24,8 @@ int main(int argc, char** argv) {
   orv::bench::RegisterShape();
   orv::bench::RegisterDays();
   orv::bench::RegisterDateText();
+  orv::bench::RegisterHtml();
+  orv::bench::RegisterRtf();
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();
 }

@@ -63,7 +63,7 @@ void PrintJson(const TSplitText& split) {
   std::cout << result.dump(2) << '\n';
 }
 
-void PrintTable(const TSplitText& split) {
+void PrintRuns(const TSplitText& split) {
   const std::vector<std::int32_t> places = Places(split.Runs);
   std::vector<TRow> rows = {{"run", "start", "end", "visual", "direction", "text"}};
   for (std::size_t i = 0; i < split.Count(); ++i)
@@ -82,7 +82,7 @@ void Run(const TArguments& arguments) {
   if (arguments.Json)
     PrintJson(split);
   else
-    PrintTable(split);
+    PrintRuns(split);
 }
 
 }  // namespace

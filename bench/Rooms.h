@@ -7,5 +7,9 @@ void RegisterProperties();   // rtl_Unicode.cpp
 void RegisterSplit();        // unicode_split.cpp
 void RegisterAdversarial();  // unicode_adversarial.cpp
 void RegisterShape();        // unicode_shape.cpp
+void RegisterDays();         // calendar_days.cpp
+void RegisterDateText();     // calendar_text.cpp
+void RegisterHtml();         // markup_html.cpp
+void RegisterRtf();          // markup_rtf.cpp
 
 }  // namespace orv::bench

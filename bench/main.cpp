@@ -22,6 +22,10 @@ int main(int argc, char** argv) {
   orv::bench::RegisterSplit();
   orv::bench::RegisterAdversarial();
   orv::bench::RegisterShape();
+  orv::bench::RegisterDays();
+  orv::bench::RegisterDateText();
+  orv::bench::RegisterHtml();
+  orv::bench::RegisterRtf();
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();
 }

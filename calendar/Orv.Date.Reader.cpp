@@ -1,9 +1,6 @@
 #include "calendar/Orv.Date.Reader.h"
 
-#include <limits>
-
 #include "calendar/DateGlobal.h"
-#include "rtl/Convert.h"
 
 namespace orv {
 namespace {
@@ -19,6 +16,11 @@ class TReader {
     std::u16string_view format;
     std::size_t index = 0;
     while (FFormats.Current(format, index)) {
+      if (!IsFieldLetter(format[index])) {
+        FFormats.Advance(1);
+        if (!FText.TakeUnit(format[index])) return std::nullopt;
+        continue;
+      }
       const TFormatToken token = ReaderToken(format, index);
       FFormats.Advance(token.Length);
       if (!Step(token.Field, format, index)) return std::nullopt;
@@ -61,8 +63,6 @@ class TReader {
         return true;
       case TField::Quote:
         return FText.TakeQuoted(CopyQuotedStr(format, static_cast<std::int32_t>(index) + 1).Text);
-      case TField::Literal:
-        return FText.TakeUnit(format[index]);
       default:
         Enter(field);
         return true;
@@ -89,19 +89,17 @@ class TReader {
     return true;
   }
 
-  std::int64_t Digits() { return rtl::StrToInt(FText.TakeDigits()); }
-
   bool ReadNumber(TReadField field, std::int64_t low, std::int64_t high, std::uint16_t& kept) {
-    return Accept(field, Digits(), low, high, kept);
+    return Accept(field, FText.TakeNumber(), low, high, kept);
   }
 
   bool ReadTimePart(TReadField field, std::int64_t limit, std::uint16_t& kept) {
     if (FParts.Seen.Contains(field)) return false;
-    return Accept(field, Digits(), 0, limit - 1, kept);
+    return Accept(field, FText.TakeNumber(), 0, limit - 1, kept);
   }
 
   bool ReadYear(std::int64_t centuryBase, std::int64_t window) {
-    std::int64_t year = Digits();
+    std::int64_t year = FText.TakeNumber();
     if (year < window) year += 100;
     return Accept(TReadField::Year, year + centuryBase, std::int64_t{FRules.MinYear} + 1,
                   std::int64_t{FRules.MaxYear} - 1, FParts.Year);

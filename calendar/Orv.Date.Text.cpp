@@ -10,13 +10,21 @@
 namespace orv {
 namespace {
 
+// Whether an "a" or "A" stands in the format. The loop has no way out before its end, so that compilers take several
+// characters at once.
+bool HasLetterA(std::u16string_view format) {
+  std::uint16_t found = 0;
+  for (const char16_t c : format) found = static_cast<std::uint16_t>(found | ((c | 32) == u'a' ? 1 : 0));
+  return found != 0;
+}
+
 // How calculators write AM and PM. The format is looked over once; its last "a" or "A" stays remembered when no AM/PM
 // form stands in it, and is then a field without a text.
 class TMeridiem {
  public:
   TMeridiem(const TOrvCalendarCalc& calendar, std::u16string_view format, std::uint16_t& hour) {
+    if (!HasLetterA(format)) return;
     const std::size_t last = format.find_last_of(u"aA");
-    if (last == std::u16string_view::npos) return;
     FMark = last;
     for (std::size_t i = 0; i <= last; ++i) {
       if (!FoldedAt(format, i + 1, u"/p") && !FoldedAt(format, i + 1, u"m/pm") && !FoldedAt(format, i + 1, u"mpm"))
@@ -63,28 +71,32 @@ struct TCalculatorRules {
   TMeridiem Begin(std::u16string_view format, std::uint16_t& hour) const { return {Calendar, format, hour}; }
 };
 
-// How much longer than its format a text may be before the buffer grows.
-constexpr std::size_t RoomBesidesFormat = 10;
-
 }  // namespace
 
 UnicodeString TOrvCalendarCalc::FormatDateTimeFullToString(std::u16string_view format, const TDateTimeParts& parts,
                                                            TDayOfWeek dow, bool useSeparators) const {
   UnicodeString result;
-  result.reserve(format.size() + RoomBesidesFormat);
-  const TCalculatorRules rules{*this};
-  TFormatWalk<TCalculatorRules>(FormatSettings, rules, result)
-      .Write(format, {parts, TDayOfWeekHelper::AsByte(dow)}, useSeparators);
+  WriteTo(result, format, parts, dow, useSeparators);
   return result;
 }
 
 void TOrvCalendarCalc::DateTimeToString(UnicodeString& result, std::u16string_view format, TDateTime value,
                                         bool useSeparators) const {
-  result = FormatDateTime(format, value, useSeparators);
+  result.clear();
+  WriteTo(result, format, DecodeDateTime(value), DayOfTheWeek(value), useSeparators);
 }
 
 UnicodeString TOrvCalendarCalc::FormatDateTime(std::u16string_view format, TDateTime value, bool useSeparators) const {
-  return FormatDateTimeFullToString(format, DecodeDateTime(value), DayOfTheWeek(value), useSeparators);
+  UnicodeString result;
+  DateTimeToString(result, format, value, useSeparators);
+  return result;
+}
+
+void TOrvCalendarCalc::WriteTo(UnicodeString& out, std::u16string_view format, const TDateTimeParts& parts,
+                               TDayOfWeek dow, bool useSeparators) const {
+  const TCalculatorRules rules{*this};
+  TFormatWalk<TCalculatorRules>(FormatSettings, rules, out)
+      .Write(format, {parts, TDayOfWeekHelper::AsByte(dow)}, useSeparators);
 }
 
 UnicodeString TOrvCalendarCalc::DateToStr(TDateTime value) const {
@@ -111,7 +123,7 @@ std::optional<TDateTime> TOrvCalendarCalc::FormatStringFullToDateTime(std::u16st
   const auto parts = ReadByFormat(rules, format, text);
   const auto value = parts ? TryEncodeRead(*parts) : std::nullopt;
   if (!value || !parts->Seen.Contains(TReadField::DayName)) return value;
-  // The day's number from 0 against the name's from 1: the name that passes is that of the next day.
+  // The day's number from 0 against the name's from 1: the name that passes is that of the day before.
   return TDayOfWeekHelper::Ordinal(DayOfTheWeek(*value)) == parts->DayOfWeek ? value : std::nullopt;
 }
 

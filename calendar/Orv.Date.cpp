@@ -94,10 +94,6 @@ std::uint16_t TOrvCalendarCalc::DayOfTheYear(TDateTime value) const {
   return DecodeDateDay(value).DayOfYear;
 }
 
-TDayOfWeek TOrvCalendarCalc::DayOfTheWeek(TDateTime value) const {
-  return TDayOfWeekHelper::OfDayNumber(rtl::DayNumberOf(value));
-}
-
 std::int32_t TOrvCalendarCalc::LocaleDayOfWeek(TDayOfWeek dow) const {
   return TDayOfWeekHelper::Locale(dow, FirstWeekday);
 }
@@ -141,10 +137,6 @@ std::optional<TDateTime> TOrvCalendarCalc::TryEncodeDateTime(const TDateTimePart
 TDateTime TOrvCalendarCalc::EncodeDateTime(const TDateTimeParts& parts) const {
   if (const auto value = TryEncodeDateTime(parts)) return *value;
   rtl::InvalidDateTimeError(parts);
-}
-
-TDateTimeParts TOrvCalendarCalc::DecodeDateTime(TDateTime value) const {
-  return {DecodeDate(value), rtl::DecodeTime(value)};
 }
 
 // --- Replacing parts ---

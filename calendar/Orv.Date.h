@@ -160,7 +160,7 @@ class TOrvCalendarCalc {
   std::uint16_t MonthOfTheYear(TDateTime value) const { return MonthOf(value); }
   std::uint16_t WeekOf(TDateTime value) const { return WeekOfTheYear(value); }
   std::uint16_t WeekOfTheYear(TDateTime value) const;
-  TDayOfWeek DayOfTheWeek(TDateTime value) const;
+  TDayOfWeek DayOfTheWeek(TDateTime value) const { return TDayOfWeekHelper::OfDayNumber(rtl::DayNumberOf(value)); }
   TDayOfWeek DayOfWeek(TDateTime value) const { return DayOfTheWeek(value); }
   std::int32_t LocaleDayOfWeek(TDayOfWeek dow) const;
 
@@ -195,7 +195,7 @@ class TOrvCalendarCalc {
 
   // --- Decoding ---------------------------------------------------------------------------------------------------
 
-  TDateTimeParts DecodeDateTime(TDateTime value) const;
+  TDateTimeParts DecodeDateTime(TDateTime value) const { return {DecodeDate(value), rtl::DecodeTime(value)}; }
   TDayOfWeekInMonth DecodeDayOfWeekInMonth(TDateTime value) const;
   static constexpr std::uint16_t NthDayOfWeek(std::uint16_t day) {
     return static_cast<std::uint16_t>((day - 1) / 7 + 1);
@@ -313,14 +313,15 @@ class TOrvCalendarCalc {
   // nest without end, and a doubled quote, raise EConvertError.
   UnicodeString FormatDateTimeFullToString(std::u16string_view format, const TDateTimeParts& parts, TDayOfWeek dow,
                                            bool useSeparators) const;
+  // Writes over result, whose memory is used again; result and format may not overlap.
   void DateTimeToString(UnicodeString& result, std::u16string_view format, TDateTime value, bool useSeparators) const;
   UnicodeString FormatDateTime(std::u16string_view format, TDateTime value, bool useSeparators) const;
   UnicodeString DateToStr(TDateTime value) const;      // by the short date format
   UnicodeString DateTimeToStr(TDateTime value) const;  // and the time by the settings of the process
 
   // Reads the text by the format, strictly (see ReadByFormat). Parts of the date that the format lacks are those of
-  // today, parts of the time 0. Where a day's name was read, the date is taken when it falls on the day before the one
-  // named. Raises EConvertError where a number has no digits or more than 32 bits.
+  // today, parts of the time 0. Where a day's name was read, the date is taken when that is the name of the day
+  // before. Raises EConvertError where a number has no digits or more than 32 bits.
   std::optional<TDateTime> FormatStringFullToDateTime(std::u16string_view format, std::u16string_view text) const;
   // The parts that a reader took from a text as a date-time: what was not read comes from today and from midnight. The
   // day's name is not looked at.
@@ -369,6 +370,8 @@ class TOrvCalendarCalc {
   rtl::TFormatSettings NormalizedSettings();
   void BuildDayTables();
   TMeridiemTexts MeridiemTexts() const;
+  void WriteTo(UnicodeString& out, std::u16string_view format, const TDateTimeParts& parts, TDayOfWeek dow,
+               bool useSeparators) const;
   TDateMonthWeek DecodeMonthWeek(TDateTime value, bool mayStepBack) const;
   TDateWeek DecodeWeek(TDateTime value, bool mayStepBack) const;
 };

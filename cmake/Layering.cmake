@@ -22,6 +22,9 @@ set(standard "^<([a-z_0-9]+|[a-z0-9]*intrin\\.h|arm_neon\\.h|wasm_simd128\\.h)>"
 # The markup readers stand on the first floor, inside a room of the fourth.
 set(readers "Orv\\.StdCtrls\\.(Markup|HTML|RTF)\\.")
 
+# Class records stand on the ground floor, inside the room of the installation.
+set(records "(VirtualClass|RewritableClass)")
+
 set(failures 0)
 macro(refuse reason)
   message(SEND_ERROR "${name}: ${reason} (${line})")
@@ -39,9 +42,9 @@ foreach(room IN LISTS rooms)
         set(target ${CMAKE_MATCH_1})
         if(NOT target STREQUAL room AND NOT target IN_LIST ${room}_may)
           refuse("${room}/ may not include ${target}/")
-        elseif(target STREQUAL "runtime" AND NOT room STREQUAL "runtime" AND NOT header MATCHES "^\"runtime/VirtualClass")
+        elseif(target STREQUAL "runtime" AND NOT room STREQUAL "runtime" AND NOT header MATCHES "^\"runtime/${records}")
           refuse("${room}/ may know the class records of runtime/ alone")
-        elseif(name MATCHES "^runtime/VirtualClass" AND NOT header MATCHES "^\"(rtl/|runtime/VirtualClass)")
+        elseif(name MATCHES "^runtime/${records}" AND NOT header MATCHES "^\"(rtl/|runtime/${records})")
           refuse("class records may include rtl/ alone")
         elseif(name MATCHES "^formatted/${readers}" AND NOT header MATCHES "^\"(rtl/|formatted/${readers})")
           refuse("the markup readers may include rtl/ alone")

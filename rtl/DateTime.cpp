@@ -61,14 +61,6 @@ TDateTime EncodeTime(const TTimeParts& time) {
   throw EConvertError(STimeEncodeError);
 }
 
-TTimeParts DecodeTime(TDateTime value) {
-  const auto time = static_cast<std::uint32_t>(DateTimeToTimeStamp(value).Time);
-  const std::uint32_t seconds = time / 1000;
-  const std::uint32_t minutes = seconds / 60;
-  return {static_cast<std::uint16_t>(minutes / 60), static_cast<std::uint16_t>(minutes % 60),
-          static_cast<std::uint16_t>(seconds % 60), static_cast<std::uint16_t>(time % 1000)};
-}
-
 std::uint16_t HourOf(TDateTime value) {
   return DecodeTime(value).Hour;
 }

@@ -74,7 +74,8 @@ inline std::int32_t DayNumberOf(TDateTime value) {
   if (std::fabs(value) < 2.0e9) [[likely]] {
     const auto day = static_cast<std::int32_t>(value);
     // Only what lies within a millisecond of the next midnight can round up to it.
-    if (std::fabs(value - day) < 0.9999999) [[likely]] return day + DateDelta;
+    if (std::fabs(value - day) < 0.9999999) [[likely]]
+      return day + DateDelta;
   }
   return static_cast<std::int32_t>(RoundedMilliseconds(value) / MSecsPerDay) + DateDelta;
 }
@@ -104,7 +105,13 @@ TDateTime MillisecondsToDateTime(std::int64_t milliseconds);
 bool IsValidTime(const TTimeParts& time);
 std::optional<TDateTime> TryEncodeTime(const TTimeParts& time);
 TDateTime EncodeTime(const TTimeParts& time);  // raises EConvertError
-TTimeParts DecodeTime(TDateTime value);
+inline TTimeParts DecodeTime(TDateTime value) {
+  const auto time = static_cast<std::uint32_t>(DateTimeToTimeStamp(value).Time);
+  const std::uint32_t seconds = time / 1000;
+  const std::uint32_t minutes = seconds / 60;
+  return {static_cast<std::uint16_t>(minutes / 60), static_cast<std::uint16_t>(minutes % 60),
+          static_cast<std::uint16_t>(seconds % 60), static_cast<std::uint16_t>(time % 1000)};
+}
 std::uint16_t HourOf(TDateTime value);
 std::uint16_t MinuteOf(TDateTime value);
 std::uint16_t SecondOf(TDateTime value);

@@ -17,7 +17,8 @@ std::string Codes(unsigned first, unsigned last) {
   std::string codes;
   for (unsigned row = first; row <= last; ++row) {
     const std::string_view code = LCGroups()[row - 1].LangCode;
-    codes += (codes.empty() ? "" : " ") + std::string(code.empty() ? "-" : code);
+    if (!codes.empty()) codes += ' ';
+    codes += code.empty() ? "-" : code;
   }
   return codes;
 }

@@ -41,6 +41,7 @@ expect_refused(rtl/Planted.cpp "#include <unicode/Unicode.Engine.Types.h>" "rtl/
 # Only the class records of the installation stand below the framework, and they know the ground floor alone.
 expect_refused(fmx/Planted.cpp "#include \"runtime/Marzel.h\"" "fmx/ may know the class records of runtime/ alone")
 expect_refused(runtime/VirtualClass.cpp "#include \"fmx/Canvas.h\"" "class records may include rtl/ alone")
+expect_refused(runtime/RewritableClass.h "#include \"runtime/Marzel.h\"" "class records may include rtl/ alone")
 
 # The markup readers stand below the rest of their room.
 expect_refused(formatted/Orv.StdCtrls.HTML.cpp "#include \"fmx/Canvas.h\"" "the markup readers may include rtl/ alone")
@@ -61,6 +62,6 @@ expect_accepted(editing/Planted.cpp "#include \"unicode/Unicode.Engine.Types.h\"
 expect_accepted(unicode/Planted.cpp "#include <immintrin.h>\n#include <arm_neon.h>")
 expect_accepted(unicode/Planted.cpp "// #include \"editing/Orv.Text.h\"")
 expect_accepted(platform/Planted.cpp "#include <SDL.h>\n#include \"rtl/Strings.h\"")
-expect_accepted(fmx/Planted.cpp "#include \"runtime/VirtualClass.h\"")
+expect_accepted(fmx/Planted.cpp "#include \"runtime/VirtualClass.h\"\n#include \"runtime/RewritableClass.h\"")
 expect_accepted(runtime/VirtualClass.cpp "#include \"runtime/VirtualClass.h\"\n#include \"rtl/Assertions.h\"")
 expect_accepted(tests/Planted.cpp "#include <gtest/gtest.h>")

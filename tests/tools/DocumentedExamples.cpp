@@ -210,6 +210,10 @@ TEST(DocumentedExamples, ThePortAnswersAsItsPageSays) {
   ExpectAnswersHold("eval.md");
 }
 
+TEST(DocumentedExamples, TheCalendarsPageTellsTheTruth) {
+  ExpectAnswersHold("calendars.md");
+}
+
 TEST(DocumentedExamples, AWrongOutcomeIsNoticed) {
   EXPECT_NE(RunsLine("ltr : L‹abc›R‹ DEF› : 0 3 7 : 0 1"), "ltr : L‹abc›R‹ DEF› : 0 3 7 : 0 1");
   EXPECT_NE(ShapeLine("shape : 0628 : 0628"), "shape : 0628 : 0628");

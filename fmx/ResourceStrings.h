@@ -1,0 +1,20 @@
+// The framework's fixed texts.
+#pragma once
+
+#include <string_view>
+
+namespace fmx {
+
+inline constexpr std::string_view SPointInTextLayoutError = "No position in the text lies at this point";
+inline constexpr std::string_view SResultCanNotBeNil = "The result of this function must not be nil";
+
+// Captions of an editing control's menu; pass them through Translate before they are shown.
+inline constexpr std::u16string_view SEditCut = u"Cut";
+inline constexpr std::u16string_view SEditCopy = u"Copy";
+inline constexpr std::u16string_view SEditPaste = u"Paste";
+inline constexpr std::u16string_view SEditDelete = u"Delete";
+inline constexpr std::u16string_view SEditSelectAll = u"Select All";
+inline constexpr std::u16string_view SEditUndo = u"Undo";
+inline constexpr std::u16string_view SMenuSeparator = u"-";
+
+}  // namespace fmx

@@ -1,0 +1,40 @@
+// Rounding of coordinates to whole numbers. All functions take any value: what does not fit saturates, and what is no
+// number answers 0.
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
+namespace fmx {
+
+// Toward zero. Example: Trunc(-1.9) is -1.
+inline std::int64_t Trunc(double value) {
+  constexpr double limit = 9223372036854775808.0;  // 2 to the 63rd
+  if (std::isnan(value)) return 0;
+  if (value >= limit) return std::numeric_limits<std::int64_t>::max();
+  if (value < -limit) return std::numeric_limits<std::int64_t>::min();
+  return static_cast<std::int64_t>(value);
+}
+
+// To the nearest whole number, halves to the even one, whatever rounding mode the thread is in. Examples: Round(0.5) is
+// 0, Round(1.5) and Round(2.5) are 2, Round(-0.5) is 0.
+inline std::int64_t Round(double value) {
+  const double below = std::floor(value);
+  const double rest = value - below;
+  if (rest < 0.5) return Trunc(below);
+  if (rest > 0.5) return Trunc(below + 1);
+  return Trunc(std::fmod(below, 2) == 0 ? below : below + 1);  // infinities come here: their rest is no number
+}
+
+// The least whole number that is not below the value.
+inline std::int64_t Ceil(double value) {
+  return Trunc(std::ceil(value));
+}
+
+// Whether the two differ by no more than the tolerance. Infinities are never the same as anything.
+inline bool SameValue(float a, float b, float tolerance) {
+  return std::fabs(a - b) <= tolerance;
+}
+
+}  // namespace fmx

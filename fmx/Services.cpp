@@ -1,0 +1,29 @@
+#include "fmx/Services.h"
+
+#include <cmath>
+
+namespace fmx {
+
+float ScreenScale() {
+  const auto screen = FindService<IScreenService>();
+  const float scale = screen ? screen->GetScreenScale() : 1.0F;
+  return scale > 0 && std::isfinite(scale) ? scale : 1.0F;
+}
+
+TBiDiMode ActiveFormBiDiMode() {
+  const auto screen = FindService<IScreenService>();
+  return screen ? screen->GetActiveFormBiDiMode() : TBiDiMode::LeftToRight;
+}
+
+std::u16string DefaultFontFamily() {
+  const auto fonts = FindService<IFontService>();
+  return fonts ? fonts->GetDefaultFontFamilyName() : std::u16string();
+}
+
+float DefaultFontSize() {
+  const auto fonts = FindService<IFontService>();
+  const float size = fonts ? fonts->GetDefaultFontSize() : 12.0F;
+  return size > 0 && std::isfinite(size) ? size : 12.0F;
+}
+
+}  // namespace fmx

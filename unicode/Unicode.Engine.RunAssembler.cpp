@@ -4,6 +4,7 @@
 #include <string>
 
 #include "rtl/Assertions.h"
+#include "rtl/Utf8.h"
 #include "unicode/Unicode.Engine.Stretch.h"
 
 namespace orv::engine {
@@ -102,8 +103,8 @@ bool TRunAssembler::SkipStretch() {
   const bool rtl = direction == TBidiType::RTL;
   if (direction == TBidiType::NotExists || FReader.Position < FStretchSeen[rtl]) return false;
   const bool foreign = direction != FReader.CurrentBidi;
-  const TStretch stretch = FindStretch(FReader.Text, FReader.Position,
-                                       {rtl, foreign, FReader.SingleQuoteOpen, FReader.DoubleQuoteOpen});
+  const TStretch stretch =
+      FindStretch(FReader.Text, FReader.Position, {rtl, foreign, FReader.SingleQuoteOpen, FReader.DoubleQuoteOpen});
   FStretchSeen[rtl] = stretch.SeenEnd;
   if (stretch.End == FReader.Position) return false;
   FReader.SavedEndOfLine = FReader.EndOfLine;
@@ -416,10 +417,7 @@ std::string TRunAssembler::Place() const {
 }
 
 std::string TRunAssembler::TextForMessage() const {
-  std::string text;
-  for (std::int32_t i = 0; i < FReader.Text.Length(); ++i)
-    text.push_back(FReader.Text[i] < 0x80 ? static_cast<char>(FReader.Text[i]) : '?');
-  return text;
+  return rtl::ToUtf8({FReader.Text.Data(), static_cast<std::size_t>(FReader.Text.Length())});
 }
 
 }  // namespace orv::engine

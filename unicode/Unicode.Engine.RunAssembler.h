@@ -44,7 +44,7 @@ class TRunAssembler {
   void EndParagraph();
   void ResolveBoundary(TBidiType direction, TBidiType token, std::int32_t start, std::int32_t end, TBidiType next);
   std::string Place() const;           // position and text, for messages
-  std::string TextForMessage() const;  // units outside ASCII as question marks
+  std::string TextForMessage() const;  // in UTF-8
 
   TTokenReader& FReader;
   TDirectionalRuns& FRuns;

@@ -24,9 +24,7 @@ class TStretchFinder {
   }
 
  private:
-  static constexpr TStretchBit Plain = Rtl       ? TStretchBit::RTL
-                                       : Foreign ? TStretchBit::LTRLetters
-                                                 : TStretchBit::LTR;
+  static constexpr TStretchBit Plain = Rtl ? TStretchBit::RTL : Foreign ? TStretchBit::LTRLetters : TStretchBit::LTR;
   static constexpr TUnitClass::TBit Word = Rtl ? TUnitClass::WordRTL : TUnitClass::WordLTR;
 
   bool IsWord(std::int32_t place) const { return ClassOf(FText[place]).Has(Word); }

@@ -11,5 +11,6 @@ void RegisterDays();         // calendar_days.cpp
 void RegisterDateText();     // calendar_text.cpp
 void RegisterHtml();         // markup_html.cpp
 void RegisterRtf();          // markup_rtf.cpp
+void RegisterDispatch();     // runtime_Dispatch.cpp
 
 }  // namespace orv::bench

@@ -26,6 +26,7 @@ int main(int argc, char** argv) {
   orv::bench::RegisterDateText();
   orv::bench::RegisterHtml();
   orv::bench::RegisterRtf();
+  orv::bench::RegisterDispatch();
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();
 }

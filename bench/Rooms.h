@@ -9,5 +9,8 @@ void RegisterAdversarial();  // unicode_adversarial.cpp
 void RegisterShape();        // unicode_shape.cpp
 void RegisterDays();         // calendar_days.cpp
 void RegisterDateText();     // calendar_text.cpp
+void RegisterHtml();         // markup_html.cpp
+void RegisterRtf();          // markup_rtf.cpp
+void RegisterBinPack();      // fmx_BinPack.cpp
 
 }  // namespace orv::bench

@@ -25,6 +25,8 @@ int main(int argc, char** argv) {
   orv::bench::RegisterDays();
   orv::bench::RegisterDateText();
   orv::bench::RegisterBinPack();
+  orv::bench::RegisterHtml();
+  orv::bench::RegisterRtf();
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();
 }

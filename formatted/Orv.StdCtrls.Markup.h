@@ -291,7 +291,6 @@ class TMarkupTextReader {
   std::ptrdiff_t ClosingDigits() const { return PlaceBehindAll(FState.Position, IsDecimalDigit); }
   // The place behind exactly count hexadecimal digits.
   std::optional<std::ptrdiff_t> PlaceBehindHex(int count) const;
-  std::optional<std::ptrdiff_t> PlaceBehindQuoted() const;
   std::optional<std::ptrdiff_t> PlaceBehindIdent() const;
 
   // The source between two places of the cursor, in the order of the text.

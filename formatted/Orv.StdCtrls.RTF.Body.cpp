@@ -227,7 +227,7 @@ class TBody {
         {u"fi", &TBody::SkipFirstLineIndent},   {u"li", &TBody::ReadListIndent}, {u"tab", &TBody::AppendTab},
         {u"par", &TBody::EndParagraph},
     };
-    // A stretch ends at this sign only if what follows is not two digits.
+    // A stretch ends at this sign only where no two digits follow, so this raises.
     if (FReader.ReadToken(u'\'')) FReader.HexByte();
     const char16_t first = FReader.Token();
     for (const TWord& word : Words)
@@ -299,7 +299,7 @@ class TBody {
   // A word that means nothing here, with its number. Behind a symbol no blank is dropped.
   void SkipWord() {
     const std::ptrdiff_t start = FReader.SavePosition();
-    while (IsAsciiLetter(FReader.Token())) FReader.Skip(1);
+    FReader.SkipWhile(IsAsciiLetter);
     const bool isWord = FReader.SavePosition() != start;
     FReader.ReadToken(u'-');
     FReader.SkipDigits();

@@ -67,7 +67,8 @@ class TOrvGlobalSettings {
 
   enum class TMathOrder : std::uint8_t { ArabicRightToLeft, LeftToRight };
 
-  // Which digits replace the ASCII ones in right-to-left text: those from U+0660, those from U+06F0, or none.
+  // Which digits are drawn for the ASCII ones: those from U+0660, those from U+06F0, or none. It holds for runs of both
+  // directions; a run whose first letter is not right-to-left keeps its digits.
   enum class TArabicDigitType : std::uint8_t { ArabicDigitType1, ArabicDigitType2, Latin };
 
   static inline TMathOrder EquationOrder = TMathOrder::LeftToRight;

@@ -80,7 +80,8 @@ class TLookAhead {
 
   bool IsDateAhead(std::int32_t from, char16_t dateSeparator) const;
 
-  // A number with a list mark behind it: a dash, a stop, a line end or right-to-left text.
+  // A number with a list mark behind it: a dash, a stop, an opening parenthesis, a middle dot (U+00B7), a line end or
+  // right-to-left text.
   bool IsLineIndexAhead(std::int32_t from);
 
   // A number with a unit, a prime or a percent sign behind it: the place behind the unit; for signs the place asked

@@ -148,8 +148,9 @@ class TDirectiveChars {
   static int CharactersCountEx(std::uint32_t c);
 
   // Splits one text into runs of one direction and says in which order they are shown. The text is read during the call
-  // and not kept. A lone surrogate is a neutral; no input makes the call fail. Cost is linear in the length. May be
-  // called from any thread at once; reads the global settings without a lock. Texts are limited to 2^31 - 1 units.
+  // and not kept. A lone surrogate is a neutral. A text of more than 2^31 - 17 units raises std::length_error; no other
+  // input makes the call fail. Cost is linear in the length. May be called from any thread at once; reads the global
+  // settings without a lock.
   // Example: "abc " and three Arabic letters, LeftToRight, give two runs, 0 to 4 and 4 to 7.
   static TDirectionalRuns SplitByDirection(std::u16string_view s, TParagraphBidi paragraphBidi);
 

@@ -117,8 +117,9 @@ std::int32_t GetPrevLexemeEnd(std::span<const UCS4Char> s, std::int32_t index);
 // The presentation transforms: they turn the logical text of one run into what is drawn. Each works in place and
 // allocates nothing; shaping may shorten the list.
 namespace TUCS4ListHelper {
-// ASCII digits, and the marks between them, become Arabic-Indic ones as ArabicDigitType says. A run whose first letter
-// is not right-to-left keeps its digits.
+// ASCII digits become Arabic-Indic ones as ArabicDigitType says, and an apostrophe or percent sign right behind a digit
+// and a full stop between two digits become the Arabic marks. A run whose first letter is not right-to-left keeps all
+// of them.
 void ChangeToArabicDigits(TUCS4List& list);
 
 // Contextual Arabic forms, Hebrew letters with their points, mirrored brackets. The flag is not read.

@@ -84,5 +84,49 @@ TEST(RtfDocuments, AWordProcessorsBodyIsReadOnceItsHeaderIsInOrder) {
   EXPECT_NE(data.FText.find(u"\u1513?\u1500?\u1493?\u1501? "), UnicodeString::npos) << rtl::ToUtf8(data.FText);
 }
 
+// --- The examples of docs/markup.md ---
+
+struct TExample {
+  std::string Text;
+  std::string Outcome;
+};
+
+// The lines "text : outcome" inside the blocks of that kind.
+std::vector<TExample> ExamplesOf(const std::string& kind) {
+  std::ifstream page(std::string(ORV_SOURCE_DIR) + "/docs/markup.md");
+  std::vector<TExample> examples;
+  std::string open;
+  for (std::string line; std::getline(page, line);) {
+    if (line.starts_with("```")) {
+      open = line.substr(3);
+    } else if (open == kind) {
+      const std::size_t place = line.find(" : ");
+      EXPECT_NE(place, std::string::npos) << line;
+      examples.push_back({line.substr(0, place), line.substr(place + 3)});
+    }
+  }
+  EXPECT_GE(examples.size(), 10U);
+  return examples;
+}
+
+// As the page writes it: line ends as escapes, no mark before a message.
+std::string OnThePage(const std::string& shown) {
+  constexpr std::string_view Mark = "error: ";
+  std::string text;
+  for (const char c : shown.starts_with(Mark) ? shown.substr(Mark.size()) : shown)
+    text += c == '\n' ? "\\n" : c == '\r' ? "\\r" : std::string(1, c);
+  return text;
+}
+
+TEST(MarkupPage, ItsHtmlExamplesHold) {
+  for (const auto& [text, outcome] : ExamplesOf("html"))
+    EXPECT_EQ(OnThePage(testing::ShownHtml(rtl::FromUtf8(text))), outcome) << text;
+}
+
+TEST(MarkupPage, ItsRtfExamplesHold) {
+  for (const auto& [text, outcome] : ExamplesOf("rtf"))
+    EXPECT_EQ(OnThePage(testing::ShownRtf(rtl::FromUtf8(text))), outcome) << text;
+}
+
 }  // namespace
 }  // namespace orv

@@ -6,8 +6,9 @@
 #include <cctype>
 #include <functional>
 
+#include "formatted/Orv.StdCtrls.HTML.h"
+#include "formatted/Orv.StdCtrls.RTF.h"
 #include "rtl/Utf8.h"
-#include "tests/formatted/support/Shown.h"
 #include "tests/support/VectorFiles.h"
 #include "tools/orv/eval/Arguments.h"
 

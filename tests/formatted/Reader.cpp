@@ -7,6 +7,8 @@
 #include <limits>
 #include <random>
 
+#include "tests/formatted/support/ReaderSteps.h"
+
 namespace orv {
 namespace {
 
@@ -649,7 +651,6 @@ TEST(MarkupReaderUtf8, TheTwoFormsForACallersBufferAreNotImplemented) {
 // On ASCII both readers are one.
 TEST(MarkupReaderUtf8, AgreesWithTheUnicodeReaderOnAscii) {
   const std::string alphabet = "aZ_09 \t\r\n<>/=\"\\{}';fF";
-  constexpr std::array<std::u16string_view, 3> names = {u"aZ", u"", u"F"};
   std::mt19937 random(11);
   for (int round = 0; round < 3000; ++round) {
     std::string text;
@@ -658,59 +659,10 @@ TEST(MarkupReaderUtf8, AgreesWithTheUnicodeReaderOnAscii) {
     const std::u16string wide(text.begin(), text.end());
     TUnicode units(std::u16string_view{wide});
     for (int step = 0; step < 30; ++step) {
-      const auto kind = random() % 18;
-      const auto number = static_cast<std::ptrdiff_t>(random() % 42) - 1;
-      const auto c = static_cast<char16_t>(alphabet[random() % alphabet.size()]);
-      const auto run = [&](auto& reader) -> std::u16string {
-        const auto flag = [](bool value) { return std::u16string(value ? u"yes" : u"no"); };
-        const auto digits = [](auto value) { return value ? rtl::FromUtf8(std::to_string(*value)) : u"none"; };
-        switch (kind) {
-          case 0:
-            return flag(reader.Read(std::u16string_view(&c, 1)));
-          case 1:
-            return flag(reader.ReadToken(c));
-          case 2:
-            return flag(reader.ReadToken(u"aZ{}<"sv));
-          case 3:
-            return digits(reader.ReadInteger());
-          case 4:
-            return digits(reader.ReadHex());
-          case 5:
-            return digits(reader.ReadHexByte());
-          case 6:
-            return reader.CopyText(u"<>=");
-          case 7:
-            return reader.CopyTextTill(c);
-          case 8:
-            return flag(reader.FindChar(c, number > 20));
-          case 9:
-            return flag(reader.FindAny(u"\"/", number > 20).has_value());
-          case 10:
-            reader.SkipSpaces(number > 20);
-            return {};
-          case 11:
-            reader.Skip(number);
-            return {};
-          case 12:
-            reader.StepBack(number);
-            return {};
-          case 13:
-            reader.SetPos(number);
-            return {};
-          case 14:
-            return digits(std::optional(reader.SetEnd(number)));
-          case 15:
-            reader.SetDirection(number > 12 ? TDirection::Forward : TDirection::Backward);
-            return {};
-          case 16:
-            return reader.ReadQuotedString().value_or(u"none");
-          default:
-            if (reader.SaveState().Direction == TDirection::Backward) return flag(reader.Eof());
-            return digits(reader.ReadEnumIndex(names)) + reader.ReadIdent().value_or(u"none");
-        }
-      };
-      ASSERT_EQ(run(units), run(bytes)) << kind;
-      ASSERT_EQ(units.SaveState(), bytes.SaveState()) << kind;
+      const testing::TReaderStep one = {static_cast<unsigned>(random()), static_cast<std::ptrdiff_t>(random() % 42) - 1,
+                                        static_cast<char16_t>(alphabet[random() % alphabet.size()])};
+      ASSERT_EQ(testing::Run(units, one), testing::Run(bytes, one)) << one.Kind % testing::ReaderStepKinds;
+      ASSERT_EQ(units.SaveState(), bytes.SaveState()) << one.Kind % testing::ReaderStepKinds;
     }
   }
 }

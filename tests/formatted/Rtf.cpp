@@ -5,7 +5,6 @@
 
 #include <limits>
 
-#include "tests/formatted/support/PlainRtf.h"
 #include "tests/formatted/support/Shown.h"
 
 namespace orv {

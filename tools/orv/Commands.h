@@ -11,6 +11,7 @@ void AddEvalCommand(CLI::App& app);
 void AddRunsCommand(CLI::App& app);
 void AddShapeCommand(CLI::App& app);
 void AddShowCommand(CLI::App& app);
+void AddTextCommand(CLI::App& app);
 void AddCalCommand(CLI::App& app);
 void AddDateCommand(CLI::App& app);
 

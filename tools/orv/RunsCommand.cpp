@@ -1,12 +1,11 @@
 // orv runs: how the engine splits a text.
 #include <CLI/CLI.hpp>
-#include <algorithm>
-#include <iomanip>
 #include <iostream>
 #include <memory>
 
 #include "tools/orv/Commands.h"
 #include "tools/orv/SettingsArguments.h"
+#include "tools/orv/Table.h"
 #include "tools/orv/TextInput.h"
 #include "tools/orv/eval/Names.h"
 #include "unicode/Unicode.Engine.Types.h"
@@ -64,22 +63,7 @@ void PrintJson(const TSplitText& split) {
   std::cout << result.dump(2) << '\n';
 }
 
-using TRow = std::vector<std::string>;
-
-// Every column but the last is as wide as its widest cell: the last holds the text, whose width no one knows.
-void PrintTable(const std::vector<TRow>& rows) {
-  std::vector<std::size_t> widths(rows.front().size(), 0);
-  for (const TRow& row : rows)
-    for (std::size_t column = 0; column < row.size(); ++column)
-      widths[column] = std::max(widths[column], row[column].size());
-  for (const TRow& row : rows) {
-    for (std::size_t column = 0; column + 1 < row.size(); ++column)
-      std::cout << std::left << std::setw(static_cast<int>(widths[column]) + 2) << row[column];
-    std::cout << row.back() << '\n';
-  }
-}
-
-void PrintTable(const TSplitText& split) {
+void PrintRuns(const TSplitText& split) {
   const std::vector<std::int32_t> places = Places(split.Runs);
   std::vector<TRow> rows = {{"run", "start", "end", "visual", "direction", "text"}};
   for (std::size_t i = 0; i < split.Count(); ++i)
@@ -98,7 +82,7 @@ void Run(const TArguments& arguments) {
   if (arguments.Json)
     PrintJson(split);
   else
-    PrintTable(split);
+    PrintRuns(split);
 }
 
 }  // namespace

@@ -35,14 +35,6 @@ std::string ReadAll(std::FILE* file, const std::string& path) {
   return bytes;
 }
 
-std::string ReadBytes(const std::string& path) {
-  if (path == "-") return ReadAll(stdin, path);
-  const auto close = [](std::FILE* file) { std::fclose(file); };
-  const std::unique_ptr<std::FILE, decltype(close)> file(std::fopen(path.c_str(), "rb"), close);
-  if (file == nullptr) FailReading(path, std::generic_category().message(errno));
-  return ReadAll(file.get(), path);
-}
-
 bool IsTail(std::string_view utf8, std::size_t index, unsigned low, unsigned high) {
   if (index >= utf8.size()) return false;
   const auto byte = static_cast<unsigned char>(utf8[index]);
@@ -94,13 +86,23 @@ std::optional<std::size_t> FirstMalformedByte(std::string_view utf8) {
   return std::nullopt;
 }
 
-rtl::UnicodeString ReadTextFile(const std::string& path) {
-  const std::string bytes = ReadBytes(path);
-  std::string_view text = bytes;
-  if (const auto place = FirstMalformedByte(text))
+std::string ReadBytes(const std::string& path) {
+  if (path == "-") return ReadAll(stdin, path);
+  const auto close = [](std::FILE* file) { std::fclose(file); };
+  const std::unique_ptr<std::FILE, decltype(close)> file(std::fopen(path.c_str(), "rb"), close);
+  if (file == nullptr) FailReading(path, std::generic_category().message(errno));
+  return ReadAll(file.get(), path);
+}
+
+rtl::UnicodeString TextOfBytes(std::string_view bytes, const std::string& path) {
+  if (const auto place = FirstMalformedByte(bytes))
     FailReading(path, "it is not UTF-8 (byte " + std::to_string(*place + 1) + ")");
-  if (text.starts_with(ByteOrderMark)) text.remove_prefix(ByteOrderMark.size());
-  return orv::eval::FromUtf8(text);
+  if (bytes.starts_with(ByteOrderMark)) bytes.remove_prefix(ByteOrderMark.size());
+  return orv::eval::FromUtf8(bytes);
+}
+
+rtl::UnicodeString ReadTextFile(const std::string& path) {
+  return TextOfBytes(ReadBytes(path), path);
 }
 
 std::string Escaped(std::u16string_view text) {

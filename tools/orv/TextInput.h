@@ -21,6 +21,12 @@ class EInputError : public rtl::Exception {
 // Surrogates, overlong forms and values above U+10FFFF are not well-formed.
 std::optional<std::size_t> FirstMalformedByte(std::string_view utf8);
 
+// The bytes of a file, or of standard input where path is "-". Raises EInputError.
+std::string ReadBytes(const std::string& path);
+
+// The text of such bytes; a byte order mark at the start is dropped. Raises EInputError, naming the path.
+rtl::UnicodeString TextOfBytes(std::string_view bytes, const std::string& path);
+
 // The text of a UTF-8 file, or of standard input where path is "-". A byte order mark at the start is dropped. Raises
 // EInputError.
 rtl::UnicodeString ReadTextFile(const std::string& path);

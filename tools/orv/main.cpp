@@ -54,6 +54,7 @@ int main(int argc, char** argv) {
   orv::command::AddShowCommand(app);
   orv::command::AddRunsCommand(app);
   orv::command::AddShapeCommand(app);
+  orv::command::AddTextCommand(app);
   orv::command::AddDateCommand(app);
   orv::command::AddCalCommand(app);
   orv::command::AddEvalCommand(app);

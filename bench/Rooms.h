@@ -12,5 +12,6 @@ void RegisterDateText();     // calendar_text.cpp
 void RegisterHtml();         // markup_html.cpp
 void RegisterRtf();          // markup_rtf.cpp
 void RegisterBinPack();      // fmx_BinPack.cpp
+void RegisterDispatch();     // runtime_Dispatch.cpp
 
 }  // namespace orv::bench

@@ -27,6 +27,7 @@ int main(int argc, char** argv) {
   orv::bench::RegisterBinPack();
   orv::bench::RegisterHtml();
   orv::bench::RegisterRtf();
+  orv::bench::RegisterDispatch();
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();
 }

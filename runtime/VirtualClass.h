@@ -75,7 +75,7 @@ struct TVmt {
   alignas(8) PNewInstance NewInstance;
   alignas(8) PFreeInstance FreeInstance;
   alignas(8) PDestroy Destroy;
-  alignas(8) std::uintptr_t Reserved1;  // in a record without any table the count of its slots, 0 elsewhere
+  alignas(8) std::uintptr_t Reserved1;  // tells the count of slots where no table stands behind them
   alignas(8) const void* Reserved2;
   alignas(8) const void* Reserved3;
 

@@ -11,6 +11,7 @@ void RegisterDays();         // calendar_days.cpp
 void RegisterDateText();     // calendar_text.cpp
 void RegisterHtml();         // markup_html.cpp
 void RegisterRtf();          // markup_rtf.cpp
+void RegisterBinPack();      // fmx_BinPack.cpp
 void RegisterDispatch();     // runtime_Dispatch.cpp
 
 }  // namespace orv::bench

@@ -24,6 +24,7 @@ int main(int argc, char** argv) {
   orv::bench::RegisterShape();
   orv::bench::RegisterDays();
   orv::bench::RegisterDateText();
+  orv::bench::RegisterBinPack();
   orv::bench::RegisterHtml();
   orv::bench::RegisterRtf();
   orv::bench::RegisterDispatch();

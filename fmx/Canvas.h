@@ -17,6 +17,7 @@
 #include "fmx/Matrix.h"
 #include "fmx/PathData.h"
 #include "fmx/PathShapes.h"
+#include "fmx/TextTypes.h"
 #include "runtime/RewritableClass.h"
 
 namespace fmx {
@@ -159,6 +160,17 @@ class TCanvas : public orv::TRewritableObject {
   // takes the nearest pixel where otherwise neighbours are mixed.
   void DrawBitmap(const TBitmap& bitmap, const TRectF& source, const TRectF& destination, float opacity,
                   bool highSpeed = false);
+
+  // Text in the canvas's font and fill colour, by the layout class registered for the canvas (fmx/TextLayoutManager.h).
+  // All of these raise ENotRegistered where there is none. What is wider than the rectangle is cut off.
+  void FillText(const TRectF& rect, std::u16string_view text, bool wordWrap, float opacity, TTextAlign horizontal,
+                TTextAlign vertical = TTextAlign::Center);
+  // The place that the text would take in the rectangle.
+  TRectF MeasureText(const TRectF& rect, std::u16string_view text, bool wordWrap, TTextAlign horizontal,
+                     TTextAlign vertical = TTextAlign::Center);
+  // The size of the text on lines of its own, nothing limiting it; also outside of scenes.
+  float TextWidth(std::u16string_view text);
+  float TextHeight(std::u16string_view text);
 
  protected:
   TCanvas(const TCanvasTarget& target, orv::TClass aClass);

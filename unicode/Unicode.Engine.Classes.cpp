@@ -43,6 +43,7 @@ constexpr std::uint16_t ClassWordOf(char16_t c) {
   if (wordLTR || IsPassedOver(c, kind)) bits |= TUnitClass::PlainLTR;
   if (kind.IsRTL() || IsPassedOver(c, kind)) bits |= TUnitClass::PlainRTL;
   if (kind.IsLTR() && kind.IsLetter()) bits |= TUnitClass::LetterLTR;
+  if ((bits & TUnitClass::PlainLTR) != 0 && kind.Category() != TCategory::Nd) bits |= TUnitClass::PlainLTRLetters;
   return static_cast<std::uint16_t>(bits);
 }
 
@@ -52,8 +53,27 @@ constexpr std::array<std::uint16_t, 0x10000> MakeUnitClasses() {
   return classes;
 }
 
+constexpr TPageBits MakePageBits(unsigned page, TUnitClass::TBit bit) {
+  TPageBits bits{};
+  for (unsigned low = 0; low < 0x100; ++low) {
+    if ((ClassWordOf(static_cast<char16_t>(page * 0x100 + low)) & bit) == 0) continue;
+    auto& half = low < 0x80 ? bits.Lower : bits.Upper;
+    half[low % 16] = static_cast<std::uint8_t>(half[low % 16] | 1U << (low / 16 % 8));
+  }
+  return bits;
+}
+
+constexpr std::array<std::array<TPageBits, 4>, 3> MakeStretchPages() {
+  std::array<std::array<TPageBits, 4>, 3> pages{};
+  for (std::size_t bit = 0; bit < StretchBits.size(); ++bit)
+    for (std::size_t page = 0; page < TablePages.size(); ++page)
+      pages[bit][page] = MakePageBits(TablePages[page], StretchBits[bit]);
+  return pages;
+}
+
 }  // namespace
 
+constinit const std::array<std::array<TPageBits, 4>, 3> StretchPages = MakeStretchPages();
 constinit const std::array<std::uint16_t, 0x10000> UnitClasses = MakeUnitClasses();
 
 }  // namespace orv::engine

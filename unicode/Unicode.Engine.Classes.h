@@ -35,11 +35,13 @@ class TUnitClass {
     RTL = 0x20,  // strong right-to-left
     LTR = 0x40,  // strong left-to-right
     WhiteSpace = 0x80,
-    PlainLTR = 0x100,   // neither ends a left-to-right stretch nor needs a look at its neighbours
-    PlainRTL = 0x200,   // the same in a right-to-left stretch
-    WordLTR = 0x400,    // a letter or digit of a left-to-right stretch
-    WordRTL = 0x800,    // a letter of a right-to-left stretch
-    LetterLTR = 0x1000  // strong left-to-right and a letter
+    PlainLTR = 0x100,    // neither ends a left-to-right stretch nor needs a look at its neighbours
+    PlainRTL = 0x200,    // the same in a right-to-left stretch
+    WordLTR = 0x400,     // a letter or digit of a left-to-right stretch
+    WordRTL = 0x800,     // a letter of a right-to-left stretch
+    LetterLTR = 0x1000,  // strong left-to-right and a letter
+    PlainLTRLetters =
+        0x2000  // PlainLTR but for digits, which are exceptions to a left-to-right stretch in right-to-left text
   };
 
   constexpr explicit TUnitClass(std::uint16_t bits) : FBits(bits) {}
@@ -59,6 +61,19 @@ class TUnitClass {
 
   std::uint16_t FBits;
 };
+
+// The class bits that stretches are searched by.
+enum class TStretchBit : std::uint8_t { LTR, RTL, LTRLetters };
+inline constexpr std::array<TUnitClass::TBit, 3> StretchBits{TUnitClass::PlainLTR, TUnitClass::PlainRTL,
+                                                             TUnitClass::PlainLTRLetters};
+
+// Those bits of the units of four pages of 256: by the low four bits of a unit, eight answers for the lower half of the
+// page and eight for the upper half, the lowest for the lowest of the next four bits.
+struct TPageBits {
+  std::array<std::uint8_t, 16> Lower, Upper;
+};
+inline constexpr std::array<std::uint8_t, 4> TablePages{0x00, 0x05, 0x06, 0x20};
+extern const std::array<std::array<TPageBits, 4>, 3> StretchPages;
 
 // The class word of each of the 65,536 code units.
 extern const std::array<std::uint16_t, 0x10000> UnitClasses;

@@ -57,7 +57,7 @@ char16_t TLookAhead::FindInnerStrong(std::int32_t from, char16_t closer) {
   return closes && ClosesBefore(from, digit, closer) ? u'\0' : FText[digit];
 }
 
-std::int32_t TLookAhead::LatinWordEnd(std::int32_t from) {
+std::int32_t TLookAhead::IsLatinWordAhead(std::int32_t from) {
   std::int32_t place = from;
   if (IsDigitOrSeparator(FText.At(from)))
     place = FNotDigitOrSeparator.From(FText, from, [](char16_t c) { return !IsDigitOrSeparator(c); });
@@ -129,7 +129,7 @@ std::int32_t TLookAhead::NumberTailEnd(std::int32_t from) {
   return FTailStopEnd;
 }
 
-std::int32_t TLookAhead::MeasureEnd(std::int32_t from, bool prime, bool percent) {
+std::int32_t TLookAhead::IsMeasureAhead(std::int32_t from, bool prime, bool percent) {
   const std::int32_t tail = NumberTailEnd(from);
   const char16_t sign = FText.At(tail);
   if (sign == u'"' || sign == u'\'') return prime ? from : Fails;
@@ -160,7 +160,7 @@ TLookAhead::TEquationStep TLookAhead::TEquationWalker::Step(const TLookAhead& ah
   return {false, next + 1};
 }
 
-std::int32_t TLookAhead::EquationEnd(std::int32_t from) {
+std::int32_t TLookAhead::IsEquationAhead(std::int32_t from) {
   const TEquationStep start = FEquationStart.Step(*this, from);
   return start.Done ? start.Place : EquationOutcome(start.Place);
 }

@@ -76,7 +76,7 @@ class TLookAhead {
   char16_t FindInnerStrong(std::int32_t from, char16_t closer);
 
   // Digits and their separators that run into a Latin word: the place behind the word.
-  std::int32_t LatinWordEnd(std::int32_t from);
+  std::int32_t IsLatinWordAhead(std::int32_t from);
 
   bool IsDateAhead(std::int32_t from, char16_t dateSeparator) const;
 
@@ -86,10 +86,10 @@ class TLookAhead {
 
   // A number with a unit, a prime or a percent sign behind it: the place behind the unit; for signs the place asked
   // from.
-  std::int32_t MeasureEnd(std::int32_t from, bool prime, bool percent);
+  std::int32_t IsMeasureAhead(std::int32_t from, bool prime, bool percent);
 
   // Numbers and operators that run up to a letter: the place where they end.
-  std::int32_t EquationEnd(std::int32_t from);
+  std::int32_t IsEquationAhead(std::int32_t from);
 
   // The place behind digits and apostrophes, and behind a full stop with digits.
   std::int32_t NumberTailEnd(std::int32_t from);

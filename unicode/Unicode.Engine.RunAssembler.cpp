@@ -4,6 +4,7 @@
 #include <string>
 
 #include "rtl/Assertions.h"
+#include "rtl/Utf8.h"
 #include "unicode/Unicode.Engine.Stretch.h"
 
 namespace orv::engine {
@@ -95,27 +96,42 @@ void TRunAssembler::Run() {
 }
 
 // Whatever lies between here and the next exception is one run of the direction in force, or extends the open one. The
-// units are searched once; what is left of a stretch goes the ordinary way, token by token.
+// units are searched once for each direction; what is left of a stretch goes the ordinary way, token by token.
 bool TRunAssembler::SkipStretch() {
-  if (FReader.Position < FStretchSeen || LeavesNumberRun()) return false;
-  const TBidiType direction = FReader.CurrentBidi;
+  const TWordAhead word = WordAhead(FReader.Text, FReader.Position);
+  const TBidiType direction = DirectionOfStretch(word.First);
   const bool rtl = direction == TBidiType::RTL;
-  if (!MayBeginStretch(FReader.Text, FReader.Position, rtl)) return false;
+  if (direction == TBidiType::NotExists || FReader.Position < FStretchSeen[rtl]) return false;
+  const bool foreign = direction != FReader.CurrentBidi;
   const TStretch stretch =
-      FindStretch(FReader.Text, FReader.Position, {rtl, FReader.SingleQuoteOpen, FReader.DoubleQuoteOpen});
-  FStretchSeen = stretch.SeenEnd;
+      FindStretch(FReader.Text, FReader.Position, {rtl, foreign, FReader.SingleQuoteOpen, FReader.DoubleQuoteOpen});
+  FStretchSeen[rtl] = stretch.SeenEnd;
   if (stretch.End == FReader.Position) return false;
-  FReader.Position = stretch.End;
   FReader.SavedEndOfLine = FReader.EndOfLine;
   FReader.SentenceEnded = stretch.SentenceEnded;
   FLastToken = direction;
   FStackCountBefore = FReader.Stack.size();
-  if (FReader.RunKind == direction)
+  if (FReader.RunKind == direction) {
     ExtendRun(stretch.End);
-  else
+  } else {
+    // What stands before a foreign word stays with the run of the direction in force.
+    if (foreign && word.Place != FReader.Position) ExtendRun(word.Place);
     StartRun(direction, stretch.End);
+  }
+  FReader.Position = stretch.End;
   if (stretch.SentenceEnded) EndStep();
   return true;
+}
+
+// The direction of the stretch that may begin with this word, LTR or RTL; NotExists where the rules have more to say.
+TBidiType TRunAssembler::DirectionOfStretch(TUnitClass word) const {
+  const TBidiType direction = FReader.CurrentBidi;
+  if (word.Has(direction == TBidiType::RTL ? TUnitClass::WordRTL : TUnitClass::WordLTR))
+    return LeavesNumberRun() ? TBidiType::NotExists : direction;
+  if (FReader.RunKind != TBidiType::LTR && FReader.RunKind != TBidiType::RTL) return TBidiType::NotExists;
+  if (direction == TBidiType::LTR) return word.Has(TUnitClass::WordRTL) ? TBidiType::RTL : TBidiType::NotExists;
+  // Where equations run right to left, the digits in a left-to-right word do not go with it.
+  return word.Has(TUnitClass::LetterLTR) && !FReader.Settings.RTLMath ? TBidiType::LTR : TBidiType::NotExists;
 }
 
 // The one place where left-to-right text behind a blank makes two runs: behind a number in a right-to-left paragraph.
@@ -401,10 +417,7 @@ std::string TRunAssembler::Place() const {
 }
 
 std::string TRunAssembler::TextForMessage() const {
-  std::string text;
-  for (std::int32_t i = 0; i < FReader.Text.Length(); ++i)
-    text.push_back(FReader.Text[i] < 0x80 ? static_cast<char>(FReader.Text[i]) : '?');
-  return text;
+  return rtl::ToUtf8({FReader.Text.Data(), static_cast<std::size_t>(FReader.Text.Length())});
 }
 
 }  // namespace orv::engine

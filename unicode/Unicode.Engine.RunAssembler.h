@@ -31,6 +31,7 @@ class TRunAssembler {
   void ResolveAtEnd(std::int32_t runStart, TBidiType next);
   void Finish();
   bool SkipStretch();
+  TBidiType DirectionOfStretch(TUnitClass word) const;
   bool LeavesNumberRun() const;
 
   void AppendRun(TBidiType kind, bool atTurn, std::int32_t end);
@@ -43,7 +44,7 @@ class TRunAssembler {
   void EndParagraph();
   void ResolveBoundary(TBidiType direction, TBidiType token, std::int32_t start, std::int32_t end, TBidiType next);
   std::string Place() const;           // position and text, for messages
-  std::string TextForMessage() const;  // units outside ASCII as question marks
+  std::string TextForMessage() const;  // in UTF-8
 
   TTokenReader& FReader;
   TDirectionalRuns& FRuns;
@@ -52,7 +53,8 @@ class TRunAssembler {
   std::size_t FStackCountBefore = 0;  // a lower count at the step's end: a bracket or quote has closed
   std::int32_t FRunStart = 0;         // in the blank branch: where the blanks end
   bool FMayHoldForeign = false;
-  std::int32_t FStretchSeen = 0;  // up to here the text was searched for a stretch of one direction
+  std::int32_t FStretchSeen[2] = {0,
+                                  0};  // up to here the text was searched for stretches: left-to-right, right-to-left
 };
 
 }  // namespace orv::engine

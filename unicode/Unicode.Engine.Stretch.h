@@ -1,9 +1,10 @@
 // Stretches of one direction, found without reading tokens.
 //
 // Tokens of the direction in force, blanks and neutrals all lie in one run as long as the last of them is of that
-// direction: the first such token begins the run, or extends the open one, and only the stretch's end matters. So units
-// are searched for the next exception, which is whatever could be or begin anything else: a letter or digit of another
-// kind, a bracket, a quote, a stop that is not between two words, a line end, a format character.
+// direction: the first such token begins the run, or extends the open one, and only the stretch's end matters. The same
+// holds for the other direction behind an open run of it. So units are searched for the next exception, which is
+// whatever could be or begin anything else: a letter or digit of another kind, a bracket, a quote, a stop that is not
+// between two words, a line end, a format character.
 #pragma once
 
 #include <cstdint>
@@ -12,10 +13,17 @@
 
 namespace orv::engine {
 
-// Whether a search is worth its cost: a word of the direction stands here, or behind one blank.
-inline bool MayBeginStretch(const TText& text, std::int32_t from, bool rtl) {
-  const TUnitClass::TBit word = rtl ? TUnitClass::WordRTL : TUnitClass::WordLTR;
-  return ClassOf(text[from]).Has(word) || (text[from] == u' ' && ClassOf(text.At(from + 1)).Has(word));
+// The word that stands here, or behind one blank or neutral. A stretch is worth a search only there.
+struct TWordAhead {
+  TUnitClass First;    // the class of its first unit
+  std::int32_t Place;  // where it begins
+};
+
+inline TWordAhead WordAhead(const TText& text, std::int32_t from) {
+  constexpr unsigned neutral = TUnitClass::PlainLTR | TUnitClass::PlainRTL;
+  const TUnitClass here = ClassOf(text[from]);
+  const TUnitClass behind = ClassOf(text.At(from + 1));
+  return (here.Bits() & neutral) == neutral ? TWordAhead{behind, from + 1} : TWordAhead{here, from};
 }
 
 struct TStretch {
@@ -27,11 +35,13 @@ struct TStretch {
 // What a stretch depends on besides the text.
 struct TStretchContext {
   bool Rtl;
+  bool Foreign;  // the direction in force is the other one
   bool SingleQuoteOpen;
   bool DoubleQuoteOpen;
 };
 
-// from is the place of a token that a main step is about to read, and MayBeginStretch has said yes to it.
-TStretch FindStretch(const TText& text, std::int32_t from, TStretchContext context);
+// from is the place of a token that a main step is about to read, with a word of the direction ahead; in a foreign
+// left-to-right stretch the word begins with a letter.
+TStretch FindStretch(const TText& text, std::int32_t from, const TStretchContext& context);
 
 }  // namespace orv::engine

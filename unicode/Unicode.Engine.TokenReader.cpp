@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "rtl/Assertions.h"
 #include "rtl/FormatSettings.h"
 
 namespace orv::engine {
@@ -280,31 +281,26 @@ TBidiType TTokenReader::RuleN() {
 
 // Rules D: an ASCII digit in right-to-left context.
 TBidiType TTokenReader::RuleD() {
-  const std::int32_t start = Position - 1;
   const std::int32_t here = Position;
   if (RuleD1LatinWord(here)) return TBidiType::LTR;
   if (RuleD2Date(here)) return TBidiType::ArabicDigit;
-  if (HasArabicDigits) return TBidiType::LTR;  // D3
-  if (RuleD4BehindLatin()) {
-    // The digits right behind it would each be the same token again, unless one of them begins a date.
-    if (!Has(TOrvGlobalOption::RTLDate)) Position = Ahead().SkipAsciiDigits(here);
-    return TBidiType::LTR;
-  }
+  if (RuleD3ArabicDigits()) return TBidiType::LTR;
+  if (RuleD4BehindLatin(here)) return TBidiType::LTR;
   if (RuleD5Measure(here)) return TBidiType::ArabicDigit;
-  const bool listIndex = RuleD7ListIndex(here);
-  if (!Has(TOrvGlobalOption::DigitsBeforeLatinAreLatin)) return DigitsOfEquation(here, listIndex);
-  if (RuleD8BeforeLatin(here)) return TBidiType::LTR;
-
-  // D10 behind D6 and D7.
-  if (!Settings.RTLMath && !listIndex) return TBidiType::LTR;
-  Position = listIndex ? Ahead().SkipAsciiDigits(here) : Ahead().NumberTailEnd(here);
-  AddRange(start, Position - 1);
-  return TBidiType::ArabicDigit;
+  TNumber number = RuleD6RTLEquations();
+  const bool listIndex = RuleD7ListIndex(here, number);
+  if (Has(TOrvGlobalOption::DigitsBeforeLatinAreLatin)) {
+    if (RuleD8BeforeLatin(here)) return TBidiType::LTR;
+  } else if (!listIndex || !Settings.Corrections.Contains(TOrvCorrection::LineIndex)) {
+    // By the rules D9 overwrites what D7 found; with the correction a list index keeps its result.
+    if (RuleD9Equation(here, number)) return TBidiType::ArabicDigit;
+  }
+  return RuleD10Rest(here, number);
 }
 
 // D1: digits that run into a Latin word are one stretch with it ("3D").
 bool TTokenReader::RuleD1LatinWord(std::int32_t here) {
-  const std::int32_t end = Ahead().LatinWordEnd(here);
+  const std::int32_t end = Ahead().IsLatinWordAhead(here);
   if (end == TLookAhead::Fails) return false;
   Position = end;
   return true;
@@ -317,8 +313,13 @@ bool TTokenReader::RuleD2Date(std::int32_t here) {
   return true;
 }
 
+// D3: in a text that begins with an Arabic-Indic digit an ASCII digit stands alone.
+bool TTokenReader::RuleD3ArabicDigits() const {
+  return HasArabicDigits;
+}
+
 // D4: a digit behind a Latin run stays in it.
-bool TTokenReader::RuleD4BehindLatin() const {
+bool TTokenReader::RuleD4BehindLatin(std::int32_t here) {
   switch (RunKind) {
     case TBidiType::RTL:
     case TBidiType::ArabicDigit:
@@ -329,6 +330,8 @@ bool TTokenReader::RuleD4BehindLatin() const {
     case TBidiType::NotExists:
       return false;
     default:
+      // The digits right behind it would each be the same token again, unless one of them begins a date.
+      if (!Has(TOrvGlobalOption::RTLDate)) Position = Ahead().SkipAsciiDigits(here);
       return true;
   }
 }
@@ -336,17 +339,25 @@ bool TTokenReader::RuleD4BehindLatin() const {
 bool TTokenReader::RuleD5Measure(std::int32_t here) {
   const bool prime = Has(TOrvGlobalOption::PrimeInRightSideOfDigits);
   if (!prime && !Has(TOrvGlobalOption::MeasureSignsInRightSideOfDigits)) return false;
-  const std::int32_t end = Ahead().MeasureEnd(here, prime, Has(TOrvGlobalOption::PercentInRightSideOfDigits));
+  const std::int32_t end = Ahead().IsMeasureAhead(here, prime, Has(TOrvGlobalOption::PercentInRightSideOfDigits));
   if (end == TLookAhead::Fails) return false;
   Position = end;
   AddRange(here - 1, Position - 1);
   return true;
 }
 
+// D6: where equations run right to left, every digit is a number.
+TTokenReader::TNumber TTokenReader::RuleD6RTLEquations() const {
+  if (!Settings.RTLMath) return {TBidiType::LTR, TExtent::OneDigit};
+  return {TBidiType::ArabicDigit, TExtent::Tail};
+}
+
 // D7: a number that opens a line, with a list mark behind it.
-bool TTokenReader::RuleD7ListIndex(std::int32_t here) {
+bool TTokenReader::RuleD7ListIndex(std::int32_t here, TNumber& number) {
   const bool opensLine = RunKind == TBidiType::LineParagraphSeparator || RunKind == TBidiType::NotExists;
-  return opensLine && Has(TOrvGlobalOption::RTLLineIndexOrder) && Ahead().IsLineIndexAhead(here);
+  if (!opensLine || !Has(TOrvGlobalOption::RTLLineIndexOrder) || !Ahead().IsLineIndexAhead(here)) return false;
+  number = {TBidiType::ArabicDigit, TExtent::Digits};
+  return true;
 }
 
 // D8: a number before a Latin word is left-to-right, blanks and all.
@@ -358,27 +369,25 @@ bool TTokenReader::RuleD8BeforeLatin(std::int32_t here) {
   return true;
 }
 
-// D9 and D10. By the rules D9 overwrites what D7 found; with the correction a list index keeps its result.
-TBidiType TTokenReader::DigitsOfEquation(std::int32_t here, bool listIndex) {
-  const std::int32_t start = here - 1;
-  if (listIndex && Settings.Corrections.Contains(TOrvCorrection::LineIndex)) {
-    Position = Ahead().SkipAsciiDigits(here);
-    AddRange(start, Position - 1);
-    return TBidiType::ArabicDigit;
-  }
-  if (Settings.RTLMath) return TBidiType::ArabicDigit;
-  const std::int32_t end = Ahead().EquationEnd(here);
+// D9: a number, or a whole equation, in front of a letter. Where it is none, the direction in force decides.
+bool TTokenReader::RuleD9Equation(std::int32_t here, TNumber& number) {
+  if (Settings.RTLMath) return true;
+  const std::int32_t end = Ahead().IsEquationAhead(here);
   if (end != TLookAhead::Fails) {
     Position = end;
-    return TBidiType::ArabicDigit;
+    return true;
   }
-  if (CurrentBidi == TBidiType::LTR) {
-    Position = Ahead().SkipAsciiDigits(here);
-    AddRange(start, Position - 1);
-    return TBidiType::ArabicDigit;
-  }
-  Position = Ahead().NumberTailEnd(here);
-  return TBidiType::LTR;
+  number = CurrentBidi == TBidiType::LTR ? TNumber{TBidiType::ArabicDigit, TExtent::Digits}
+                                         : TNumber{TBidiType::LTR, TExtent::Tail};
+  return false;
+}
+
+// D10: takes as much of the number as the rules before have said.
+TBidiType TTokenReader::RuleD10Rest(std::int32_t here, TNumber number) {
+  if (number.Extent == TExtent::Tail) Position = Ahead().NumberTailEnd(here);
+  if (number.Extent == TExtent::Digits) Position = Ahead().SkipAsciiDigits(here);
+  if (number.Token == TBidiType::ArabicDigit) AddRange(here - 1, Position - 1);
+  return number.Token;
 }
 
 void TTokenReader::PushDirection(TBidiType inside, TBidiType comparison) {
@@ -387,6 +396,8 @@ void TTokenReader::PushDirection(TBidiType inside, TBidiType comparison) {
     EndOfLine = -1;
   }
   Stack.push_back({CurrentBidi, TurnIndex, EndOfLine});
+  ORV_ASSERT(inside != TBidiType::DirectionalFormatting,
+             "Not implemented yet. But it is a simple case. I should get the direction and put it as ParagraphBidi");
   if (inside == TBidiType::LTR || inside == TBidiType::RTL) CurrentBidi = inside;
   if (inside == TBidiType::ArabicDigit) CurrentBidi = TBidiType::RTL;
 }

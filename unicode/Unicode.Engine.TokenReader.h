@@ -15,6 +15,7 @@
 namespace orv::engine {
 
 using TBidiType = TDirectiveChars::TBidiType;
+using TBidiStackData = TDirectiveChars::TBidiStackData;
 
 // The settings as they were when the split began.
 struct TSplitSettings {
@@ -25,13 +26,6 @@ struct TSplitSettings {
   char16_t DateSeparator;  // read only with RTLDate
 
   static TSplitSettings Current(TParagraphBidi paragraphBidi);
-};
-
-// One saved state of a bracket or quote. The stack is counted at every step, which a power of two makes cheap.
-struct alignas(16) TBidiStackData {
-  TBidiType Bidi;
-  std::int32_t TurnIndex;
-  std::int32_t EndOfLine;
 };
 
 // A part of a run that a correction makes a run of its own.
@@ -76,7 +70,10 @@ TBidiType ClassifyChar(char16_t c, bool rtlMath);
 // The state is open to the run assembler, which drives the reader and shares it.
 class TTokenReader {
  public:
+  // All are borrowed for the reader's life.
   TTokenReader(std::u16string_view s, const TSplitSettings& settings, TWorkspace& workspace, TDirectionalRuns& runs);
+  TTokenReader(std::u16string_view s, const TSplitSettings&& settings, TWorkspace& workspace,
+               TDirectionalRuns& runs) = delete;
 
   // Reads the token at Position, which must be inside the text, and moves Position behind it.
   TBidiType ReadNextToken();
@@ -85,8 +82,8 @@ class TTokenReader {
   std::int32_t OrderCount() const { return Order.Count(); }
 
   const TText Text;
-  const TSplitSettings Settings;
-  const bool HasArabicDigits;  // looks at the first unit alone, however long the text is
+  const TSplitSettings& Settings;
+  const bool HasArabicDigits;      // looks at the first unit alone, however long the text is
   TDirectionalRuns& Runs;
   TVisualOrder Order;
   std::vector<TBidiStackData>& Stack;
@@ -117,14 +114,24 @@ class TTokenReader {
   TBidiType RuleBClose();
   TBidiType RuleN();
 
+  // What the rules for a digit have settled: the token's kind, and how far it goes on behind the digit.
+  enum class TExtent : std::uint8_t { OneDigit, Digits, Tail };
+  struct TNumber {
+    TBidiType Token;
+    TExtent Extent;
+  };
+
   TBidiType RuleD();
   bool RuleD1LatinWord(std::int32_t here);
   bool RuleD2Date(std::int32_t here);
-  bool RuleD4BehindLatin() const;
+  bool RuleD3ArabicDigits() const;
+  bool RuleD4BehindLatin(std::int32_t here);
   bool RuleD5Measure(std::int32_t here);
-  bool RuleD7ListIndex(std::int32_t here);
+  TNumber RuleD6RTLEquations() const;
+  bool RuleD7ListIndex(std::int32_t here, TNumber& number);
   bool RuleD8BeforeLatin(std::int32_t here);
-  TBidiType DigitsOfEquation(std::int32_t here, bool listIndex);
+  bool RuleD9Equation(std::int32_t here, TNumber& number);
+  TBidiType RuleD10Rest(std::int32_t here, TNumber number);
 
   bool Has(TOrvGlobalOption option) const { return Settings.Options.Contains(option); }
   std::int32_t SkipBlanksBehindStop(std::int32_t place) const;

@@ -114,9 +114,9 @@ int TDirectiveChars::CharactersCountEx(std::uint32_t c) {
 }
 
 TDirectionalRuns TDirectiveChars::SplitByDirection(std::u16string_view s, TParagraphBidi paragraphBidi) {
-  engine::TWorkspace& workspace = Workspace();
-  Split(s, paragraphBidi, workspace, workspace.Runs);
-  return workspace.Runs;
+  TDirectionalRuns& runs = Workspace().Runs;
+  SplitByDirection(s, paragraphBidi, runs);
+  return runs;
 }
 
 void TDirectiveChars::SplitByDirection(std::u16string_view s, TParagraphBidi paragraphBidi, TDirectionalRuns& runs) {

@@ -115,6 +115,13 @@ class TDirectiveChars {
     NotExists,  // no run yet
   };
 
+  // One saved state of a bracket or quote. The stack is counted at every step, which a power of two makes cheap.
+  struct alignas(16) TBidiStackData {
+    TBidiType Bidi;
+    std::int32_t TurnIndex;
+    std::int32_t EndOfLine;
+  };
+
   static bool IsDigit(char16_t c);                       // 0 to 9
   static bool IsArabicDigit(char16_t c);                 // U+0660 to U+0669, U+06F0 to U+06F9
   static bool CanBeConsideredAsArabicDigit(char16_t c);  // IsArabicDigit; IsDigit too when equations run right to left

@@ -1,4 +1,4 @@
-// Code units eight at a time: the one place that knows of vectors. Built on the compilers' vector extension, which
+// Code units eight at a time, for searches that no class table is needed for. Built on the compilers' vector extension, which
 // gives SSE2, NEON or WebAssembly SIMD where the target has them and plain instructions elsewhere.
 #pragma once
 

@@ -34,9 +34,8 @@ const UCS4Char* ForwardOver(bool lexeme, const UCS4Char* current, const UCS4Char
 constexpr const UCS4Char* NoEnd = nullptr;
 
 bool IsWalkable(const UCS4Char* start, const UCS4Char* current) {
-  if (current == nullptr) return false;
-  ORV_ASSERT(start != nullptr && current >= start, StandardAssertion);
-  return start != nullptr && current >= start;
+  ORV_ASSERT(start != nullptr && (current == nullptr || current >= start), StandardAssertion);
+  return start != nullptr && current != nullptr && current >= start;
 }
 
 // The places of an array as pointers. An index past the end stands on a 0 and is brought to the end, which every walk

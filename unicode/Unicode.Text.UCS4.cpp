@@ -91,7 +91,7 @@ std::int32_t ConvertFromUtf16(PUCS4Char block, std::u16string_view s, std::int32
   return static_cast<std::int32_t>(text.size());
 }
 
-void ReplaceFromUtf16(std::u16string_view s, PUCS4Char& block) {
+void ConvertFromUtf16(std::u16string_view s, PUCS4Char& block) {
   if (s.empty()) {
     Free(block);
     return;

@@ -80,7 +80,7 @@ std::int32_t ConvertFromUtf16(PUCS4Char block, std::u16string_view s, std::int32
 
 // Reallocates block to hold s and its terminator; an empty s frees it and leaves null. Raises std::bad_alloc, block
 // then being as it was.
-void ReplaceFromUtf16(std::u16string_view s, PUCS4Char& block);
+void ConvertFromUtf16(std::u16string_view s, PUCS4Char& block);
 
 rtl::UnicodeString ConvertToUtf16(const UCS4Char* block);
 void Free(PUCS4Char& block);                 // releases the block and sets the pointer to null

@@ -98,6 +98,7 @@ TEST(LexemePointers, APlaceBeforeTheStartAndANullStartAreAssertions) {
                           static_cast<const UCS4Char* (*)(const UCS4Char*, const UCS4Char*)>(GetPrevLexemeEnd)}) {
     EXPECT_THROW(walk(text + 1, text), rtl::EAssertionFailed);
     EXPECT_THROW(walk(nullptr, text), rtl::EAssertionFailed);
+    EXPECT_THROW(walk(nullptr, nullptr), rtl::EAssertionFailed);
   }
 }
 #endif

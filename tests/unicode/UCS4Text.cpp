@@ -98,20 +98,20 @@ TEST(UCS4CharPtrHelper, CopiesACutPrefixAndAnswersTheFullCount) {
 
 TEST(UCS4CharPtrHelper, ReallocatesABlockAndFreesItForAnEmptyText) {
   PUCS4Char block = nullptr;
-  TUCS4CharPtrHelper::ReplaceFromUtf16(u"ab", block);
+  TUCS4CharPtrHelper::ConvertFromUtf16(u"ab", block);
   ASSERT_NE(block, nullptr);
   EXPECT_EQ(TUCS4CharPtrHelper::ConvertToUtf16(block), u"ab");
-  TUCS4CharPtrHelper::ReplaceFromUtf16(std::u16string(5000, u'x'), block);
+  TUCS4CharPtrHelper::ConvertFromUtf16(std::u16string(5000, u'x'), block);
   EXPECT_EQ(TUCS4CharPtrHelper::Length(block), 5000);
-  TUCS4CharPtrHelper::ReplaceFromUtf16(u"", block);
+  TUCS4CharPtrHelper::ConvertFromUtf16(u"", block);
   EXPECT_EQ(block, nullptr);
-  TUCS4CharPtrHelper::ReplaceFromUtf16(u"", block);
+  TUCS4CharPtrHelper::ConvertFromUtf16(u"", block);
   EXPECT_EQ(block, nullptr);
 }
 
 TEST(UCS4CharPtrHelper, FreeSetsThePointerToNull) {
   PUCS4Char block = nullptr;
-  TUCS4CharPtrHelper::ReplaceFromUtf16(u"ab", block);
+  TUCS4CharPtrHelper::ConvertFromUtf16(u"ab", block);
   TUCS4CharPtrHelper::Free(block);
   EXPECT_EQ(block, nullptr);
   TUCS4CharPtrHelper::Free(block);

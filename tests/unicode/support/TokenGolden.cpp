@@ -42,7 +42,8 @@ TReading Read(std::u16string_view marked, TParagraphBidi paragraph, TBidiType ru
   const std::u16string text = Text(marked);
   engine::TWorkspace workspace;
   TDirectionalRuns runs;
-  engine::TTokenReader reader(text, engine::TSplitSettings::Current(paragraph), workspace, runs);
+  const auto settings = engine::TSplitSettings::Current(paragraph);
+  engine::TTokenReader reader(text, settings, workspace, runs);
   TReading reading;
   std::int32_t from = 0;
   TBidiType former = TBidiType::NotExists;

@@ -100,9 +100,9 @@ class TPersianCore final : public TSaturdayCore<TOrvJalaliDateCalendarCalc> {};
 
 class TIslamicCore final : public TSaturdayCore<TOrvHijriLunarDateCalendarCalc> {
  public:
-  // Months and days beyond their bounds count on as far as the year goes.
+  // Months and days beyond their bounds count on as far as the year goes, so the parent's check is passed over.
   bool TryEncodeDate(const TDateParts& date, TDateTime& value) const override {
-    return TOrvCalendarCalc::TryEncodeDate(date, value);
+    return TOrvCalendarCalc::TryEncodeDate(date, value);  // NOLINT(bugprone-parent-virtual-call)
   }
 
   bool TryEncodeDateDay(std::uint16_t year, std::uint16_t dayOfYear, TDateTime& value) const override {

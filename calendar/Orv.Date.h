@@ -187,7 +187,10 @@ class TOrvCalendarCalc {
   TDateTime EncodeDateWeek(const TDateWeek& date) const;
   TDateTime EncodeDateMonthWeek(const TDateMonthWeek& date) const;
   TDateTime EncodeDayOfWeekInMonth(const TDayOfWeekInMonth& date) const;
-  std::optional<TDateTime> TryEncodeDateTime(const TDateTimeParts& parts) const;
+  std::optional<TDateTime> TryEncodeDateTime(const TDateTimeParts& parts) const {
+    TDateTime value = 0;
+    return EncodeTo(value, parts) ? std::optional(value) : std::nullopt;
+  }
   std::optional<TDateTime> TryEncodeDateWeek(const TDateWeek& date) const;
   std::optional<TDateTime> TryEncodeDateMonthWeek(const TDateMonthWeek& date) const;
   // Raises EConvertError for a month that has no first day.
@@ -324,8 +327,8 @@ class TOrvCalendarCalc {
   // before. Raises EConvertError where a number has no digits or more than 32 bits.
   std::optional<TDateTime> FormatStringFullToDateTime(std::u16string_view format, std::u16string_view text) const;
   // The parts that a reader took from a text as a date-time: what was not read comes from today and from midnight. The
-  // day's name is not looked at.
-  std::optional<TDateTime> TryEncodeRead(const TReadParts& parts) const;
+  // day's name is not looked at. False where they are no date and time.
+  bool TryEncodeRead(const TReadParts& parts, TDateTime& value) const;
   // The century that years of two digits count from in a present year: the one that eighty years ago belonged to.
   static constexpr std::uint16_t CenturyStartIn(std::int32_t year) {
     return static_cast<std::uint16_t>((year - 80) / 100 * 100);
@@ -370,6 +373,13 @@ class TOrvCalendarCalc {
   rtl::TFormatSettings NormalizedSettings();
   void BuildDayTables();
   TMeridiemTexts MeridiemTexts() const;
+  // Whether the parts are a date and a time; the value is then both together.
+  bool EncodeTo(TDateTime& value, const TDateTimeParts& parts) const {
+    const auto time = rtl::TryEncodeTime(parts.Time);  // begins with a slow division, so before the date
+    if (!TryEncodeDate(parts.Date, value)) return false;
+    if (time) value = rtl::JoinDateAndTime(value, *time);
+    return time.has_value();
+  }
   void WriteTo(UnicodeString& out, std::u16string_view format, const TDateTimeParts& parts, TDayOfWeek dow,
                bool useSeparators) const;
   TDateMonthWeek DecodeMonthWeek(TDateTime value, bool mayStepBack) const;

@@ -61,8 +61,8 @@ constexpr TAlphaColor Unpremultiply(TPixel pixel) {
 constexpr TAlphaColor MakeOpacity(TAlphaColor color, float opacity) {
   const float held = opacity > 0 ? (opacity < 1 ? opacity : 1.0F) : 0.0F;
   // Never negative, so adding a half rounds it; std::lround is no constant expression.
-  const auto alpha = static_cast<std::uint32_t>(static_cast<float>(AlphaOf(color)) * held +
-                                                0.5F);  // NOLINT(bugprone-incorrect-roundings)
+  // NOLINTNEXTLINE(bugprone-incorrect-roundings)
+  const auto alpha = static_cast<std::uint32_t>(static_cast<float>(AlphaOf(color)) * held + 0.5F);
   return alpha << 24 | (color & 0xFFFFFF);
 }
 

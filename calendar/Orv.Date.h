@@ -214,8 +214,8 @@ class TOrvCalendarCalc {
   TDateTime StartOfAWeek(const TDateWeek& date) const;  // the day itself
   TDateTime StartOfTheYear(TDateTime value) const;
   TDateTime StartOfTheMonth(TDateTime value) const;
-  // A Friday, one to seven days back, whatever FirstWeekday is: the date less the day's number from 1 for Sunday
-  // less 1.
+  // A Friday, whatever FirstWeekday is: two days back from a Sunday, then more day by day, up to eight back from a
+  // Saturday; from a Friday seven.
   TDateTime StartOfTheWeek(TDateTime value) const;
   TDateTime EndOfAYear(std::uint16_t year) const;
   TDateTime EndOfAMonth(std::uint16_t year, std::uint16_t month) const;
@@ -226,9 +226,9 @@ class TOrvCalendarCalc {
   TDateTime EndOfTheMonth(TDateTime value) const;
   TDateTime EndOfTheWeek(TDateTime value) const;
 
-  // --- Counting from the start of a month, week or year. Each builds on the one above; those of 16 bits wrap.
-  // ---------
+  // --- Counting from the start of a month, week or year -------------------------------------------------------------
 
+  // Each builds on the one above; those of 16 bits wrap.
   std::uint16_t HourOfTheMonth(TDateTime value) const;
   std::uint16_t HourOfTheWeek(TDateTime value) const;
   std::uint16_t HourOfTheYear(TDateTime value) const;
@@ -272,8 +272,7 @@ class TOrvCalendarCalc {
   // keeps it. The years are words and wrap; any number of them takes bounded time.
   TDateTime IncYear(TDateTime value, std::int32_t years = 1) const;
 
-  // --- Replacing parts; RecodeLeaveFieldAsIs keeps one
-  // ----------------------------------------------------------------
+  // --- Replacing parts; RecodeLeaveFieldAsIs keeps one --------------------------------------------------------------
 
   std::optional<TDateTime> TryRecodeDateTime(TDateTime value, const TDateTimeParts& parts) const;
   TDateTime RecodeDateTime(TDateTime value, const TDateTimeParts& parts) const;
@@ -294,9 +293,9 @@ class TOrvCalendarCalc {
   bool SameDayOfWeek(TDateTime value, TDayOfWeek dow) const;
   bool SameDayOfWeek(TDateTime value, const TDateParts& date) const;
 
-  // --- Names: the number, from 1, of the name that equals the text exactly, long names first; -1 where there is none
-  // ---
+  // --- Names --------------------------------------------------------------------------------------------------------
 
+  // The number, from 1, of the name that equals the text exactly, long names first; -1 where there is none.
   std::int32_t WhatDay(std::u16string_view name) const;
   std::int32_t WhatMonth(std::u16string_view name) const;
 
@@ -309,8 +308,7 @@ class TOrvCalendarCalc {
   void SetLocale(std::u16string_view name);
   const UnicodeString& Locale() const { return FLocale; }
 
-  // --- Text. The letters of formats: docs/calendars.md
-  // ----------------------------------------------------------------
+  // --- Text. The letters of formats: docs/calendars.md --------------------------------------------------------------
 
   // Writes the parts by the format; UseSeparators puts the separators of the settings for ":" and "/". Formats that
   // nest without end, and a doubled quote, raise EConvertError.

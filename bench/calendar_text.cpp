@@ -1,7 +1,7 @@
 // Dates and times as text: writing and reading beside ICU, Qt and the C library, over 20,000 scattered moments.
 //
-// Everyone writes and reads what he calls a moment; the C library alone starts from and ends at a broken-down time,
-// which is the form that its functions take.
+// Everyone writes and reads what he calls a moment. The functions of the C library start from and end at a broken-down
+// time; what it costs to get from a moment to that and back is in rows of its own.
 #include <unicode/calendar.h>
 #include <unicode/dtfmtsym.h>
 #include <unicode/smpdtfmt.h>
@@ -107,6 +107,14 @@ void AddLibcWriteRow(const std::string& name, const char* format) {
   });
 }
 
+void AddLibcMomentWriteRow(const std::string& name, const char* format) {
+  AddTextRow(name, EveryMomentAs<std::time_t>([](std::time_t moment) { return moment; }), [format](std::time_t moment) {
+    const std::tm value = AsTm(moment);
+    char buffer[80];
+    return std::strftime(buffer, sizeof buffer, format, &value);
+  });
+}
+
 void AddWriteRows() {
   const std::shared_ptr<TOrvCalendarCalc> jalali = MakeCalendar<TOrvJalaliDateCalendarCalc>();
   const std::shared_ptr<TOrvCalendarCalc> gregorian = MakeCalendar<TOrvJulianDateCalendarCalc>();
@@ -122,6 +130,7 @@ void AddWriteRows() {
 
   AddOwnWriteRow("write-numbers-beside-libc/gregorian/orv", gregorian, u"yyyy/mm/dd hh:nn:ss");
   AddLibcWriteRow("write-numbers-beside-libc/gregorian/strftime", "%Y/%m/%d %H:%M:%S");
+  AddLibcMomentWriteRow("write-numbers-beside-libc/gregorian/gmtime-strftime", "%Y/%m/%d %H:%M:%S");
 }
 
 // --- Reading ---
@@ -158,6 +167,11 @@ void AddReadRows() {
     std::tm broken{};
     strptime(text.c_str(), "%Y/%m/%d %H:%M:%S", &broken);
     return broken.tm_year;
+  });
+  AddTextRow("read-beside-libc/gregorian/strptime-timegm", narrow, [](const std::string& text) {
+    std::tm broken{};
+    strptime(text.c_str(), "%Y/%m/%d %H:%M:%S", &broken);
+    return timegm(&broken);
   });
 }
 

@@ -62,13 +62,13 @@ void TOrvConverterUtils::StringToBool(const TValue& in, TValue& out) {
 }
 
 void TOrvConverterUtils::StringToDateTime(const TValue& in, TValue& out) {
-  const rtl::UnicodeString text = in.AsString();
+  const rtl::UnicodeString& text = in.AsString();
   const auto value = ReadSafely([&text] { return PDateTime::FormatStringFullToDateTime(DateTimeFormat, text); });
   out = value ? TValue::FromDateTime(*value) : TValue();
 }
 
 void TOrvConverterUtils::StringToDate(const TValue& in, TValue& out) {
-  const rtl::UnicodeString text = in.AsString();
+  const rtl::UnicodeString& text = in.AsString();
   rtl::TFormatSettings& settings = rtl::FormatSettings();
   settings = rtl::TFormatSettings();
   settings.ShortDateFormat = DateFormat;

@@ -23,6 +23,9 @@ enum class TDayOfWeek : std::uint8_t {
   Undefined = 7
 };
 
+// The number of a day within a week, from 1; 7 is the last one.
+using TWeekDay = std::int32_t;
+
 using TDaysSet = rtl::TSet<TDayOfWeek, std::uint8_t>;
 
 // Days of the week as format settings of a platform count them, from Monday.
@@ -68,7 +71,7 @@ struct TDayOfWeekHelper {
   }
 
   // The nth day of a week that begins on first, without a wrap: in a week from Saturday the second is Undefined.
-  static constexpr TDayOfWeek DayOfWeek(TCalDayOfWeek first, std::int32_t n) {
+  static constexpr TDayOfWeek DayOfWeek(TCalDayOfWeek first, TWeekDay n) {
     return OfByte(Ordinal(FromCalDayOfWeek(first)) + n - 1);
   }
 
@@ -79,7 +82,7 @@ struct TDayOfWeekHelper {
   }
 
   // The number, from 1, that counts the days back from the first of the week.
-  static constexpr std::int32_t Locale(TDayOfWeek day, TCalDayOfWeek first) {
+  static constexpr TWeekDay Locale(TDayOfWeek day, TCalDayOfWeek first) {
     return Diff(day, FromCalDayOfWeek(first)) + 1;
   }
 

@@ -23,17 +23,25 @@ constexpr TBuiltIn BuiltIns[] = {
     {u"Custom", CreateCalculator<TOrvCustomDateCalendarCalc>, TDefaultRule::WhenEmpty},
     {u"Gregorian", CreateCalculator<TOrvJulianDateCalendarCalc>, TDefaultRule::WhenEmpty}};
 
+// Where the name stands; made on first use, so that it is there before any static object asks for it.
+UnicodeString& DefaultName() {
+  static UnicodeString name;
+  return name;
+}
+
 void RegisterIn(TOrvCalendarCalcFactory& factory) {
   for (const TBuiltIn& calendar : BuiltIns) {
     factory.ReregisterCalendarCalcSystem(calendar.Name, calendar.Calculator);
-    if (calendar.Default == TDefaultRule::Always || TOrvCalendarCalcSystems::Default.empty())
-      TOrvCalendarCalcSystems::Default = calendar.Name;
+    if (calendar.Default == TDefaultRule::Always || DefaultName().empty()) DefaultName() = calendar.Name;
   }
 }
 
 }  // namespace
 
-UnicodeString TOrvCalendarCalcSystems::Default;
+UnicodeString& TOrvCalendarCalcSystems::Default() {
+  RegisterBuiltInCalendars();
+  return DefaultName();
+}
 
 TOrvCalendarCalcFactory& TOrvCalendarCalcFactory::Current() {
   static TOrvCalendarCalcFactory factory = [] {

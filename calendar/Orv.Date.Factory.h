@@ -27,11 +27,11 @@ std::unique_ptr<TOrvCalendarCalc> CreateCalculator(std::u16string_view locale) {
   return MakeCalendar<TCalendar>(locale);
 }
 
-// The name of the default calendar: after start, "IslamicTabular", the last of the built-in calendars that does not
-// wait for the place to be free.
+// The name of the default calendar, to read and to set: at first "IslamicTabular", the last of the built-in calendars
+// that does not wait for the place to be free. The first call registers those.
 class TOrvCalendarCalcSystems {
  public:
-  static UnicodeString Default;
+  static UnicodeString& Default();
   TOrvCalendarCalcSystems() = delete;
 };
 

@@ -67,26 +67,21 @@ bool TTextCursor::TakeQuoted(std::u16string_view quoted) {
 
 bool TFormatStack::Leave() {
   if (FOuter.empty()) return false;
+  InnermostOf(FTop.Field) = FTop.Former;
   FTop = FOuter.back();
   FOuter.pop_back();
   return true;
 }
 
-// It is enough to look at the nearest of the formats around: what was the same further out is the same there.
-bool TFormatStack::ComesRound(TFormatField field, std::int32_t position, std::uint32_t state) const {
-  const auto same = [=](const TFrame& frame) { return frame.Position == position && frame.State == state; };
-  if (FTop.Field == field) return same(FTop);
-  for (auto frame = FOuter.rbegin(); frame != FOuter.rend(); ++frame)
-    if (frame->Field == field) return same(*frame);
-  return false;
-}
-
 void TFormatStack::Enter(TFormatField field, std::u16string_view format, std::int32_t position, std::uint32_t state) {
+  const TEntry entry = {true, position, state};
+  TEntry& innermost = InnermostOf(field);
   FNestedCharacters += format.size() + 1;
-  if (ComesRound(field, position, state) || FNestedCharacters > MostNestedFormatCharacters)
+  if (innermost == entry || FNestedCharacters > MostNestedFormatCharacters)
     ConvertErrorFmt("The format '%s' nests without end", {format});
   FOuter.push_back(FTop);
-  FTop = {format, 0, position, state, field};
+  FTop = {format, 0, field, innermost};
+  innermost = entry;
 }
 
 }  // namespace orv

@@ -2,6 +2,7 @@
 // for AM/PM and milliseconds. Lower-case letters alone are fields; everything else is literal.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -16,11 +17,16 @@
 namespace orv {
 
 enum class TFormatField : std::uint8_t {
+  // Nested formats.
+  ShortDate,
+  LongDate,
+  ShortTime,
+  LongTime,
+  DateAndTime,  // ddddd, dddddd, t, tt, c
+  // All others.
   Day,
   ShortDayName,
   LongDayName,  // d dd, ddd, dddd
-  ShortDate,
-  LongDate,  // ddddd, dddddd
   Month,
   ShortMonthName,
   LongMonthName,  // m mm, mmm, mmmm
@@ -30,9 +36,6 @@ enum class TFormatField : std::uint8_t {
   Minute,
   Second,
   MilliSecond,  // h hh, n nn, s ss, z
-  ShortTime,
-  LongTime,
-  DateAndTime,  // t, tt, c
   MeridiemVeryShort,
   MeridiemShort,
   MeridiemLong,  // a/p, ampm, am/pm
@@ -41,57 +44,53 @@ enum class TFormatField : std::uint8_t {
   Literal
 };
 
+constexpr bool IsNested(TFormatField field) {
+  return field <= TFormatField::DateAndTime;
+}
+
 struct TFormatToken {
   TFormatField Field = TFormatField::Literal;
-  std::int32_t Length = 1;  // characters of the format that the step moves over
+  std::uint8_t Length = 1;  // characters of the format that the step moves over
   bool Doubled = false;     // dd, mm, yy, yyyy, hh, nn, ss, zz
 };
-
-// Whether a character begins a field at all; all others are literal.
-constexpr bool IsFieldLetter(char16_t c) {
-  constexpr auto bits = [] {
-    std::array<std::uint64_t, 2> words{};
-    for (const char16_t letter : std::u16string_view(u"acdhmnstyz'\""))
-      words[letter / 64] |= std::uint64_t{1} << letter % 64;
-    return words;
-  }();
-  return c < 128 && (bits[c / 64] >> c % 64 & 1) != 0;
-}
 
 namespace tokens {
 
 using TField = TFormatField;
 
 // How often the character at the index stands there, up to most.
-constexpr std::int32_t Run(std::u16string_view format, std::size_t index, std::int32_t most) {
-  std::int32_t length = 1;
-  while (length < most && rtl::UnitAt(format, static_cast<std::int64_t>(index) + length) == format[index]) ++length;
-  return length;
+constexpr std::uint8_t Run(std::u16string_view format, std::size_t index, std::size_t most) {
+  const char16_t* const first = format.data() + index;
+  const std::size_t room = std::min(format.size() - index, most);
+  std::size_t length = 1;
+  while (length < room && first[length] == *first) ++length;
+  return static_cast<std::uint8_t>(length);
 }
 
-constexpr TFormatToken DayToken(std::int32_t run) {
+constexpr TFormatToken DayToken(std::uint8_t run) {
   constexpr TField fields[] = {TField::Day,         TField::Day,       TField::ShortDayName,
                                TField::LongDayName, TField::ShortDate, TField::LongDate};
   return {fields[run - 1], run, run == 2};
 }
 
-constexpr TFormatToken MonthToken(std::int32_t run) {
+constexpr TFormatToken MonthToken(std::uint8_t run) {
   constexpr TField fields[] = {TField::Month, TField::Month, TField::ShortMonthName, TField::LongMonthName};
   return {fields[run - 1], run, run == 2};
 }
 
-constexpr TFormatToken YearToken(std::int32_t run) {
+constexpr TFormatToken YearToken(std::uint8_t run) {
   if (run == 1) return {TField::Nothing, 1, false};
   return run == 4 ? TFormatToken{TField::LongYear, 4, true} : TFormatToken{TField::TwoDigitYear, 2, true};
 }
 
 // A field of one letter or two.
-constexpr TFormatToken TimeToken(TField field, std::int32_t run) {
+constexpr TFormatToken TimeToken(TField field, std::uint8_t run) {
   return {field, run, run == 2};
 }
 
-// The tokens that both readers share. AM/PM and milliseconds are literals here.
-constexpr TFormatToken CommonToken(std::u16string_view format, std::size_t i) {
+// The token of a letter by its run; AM/PM forms are not looked for. A walk waits for the length of each token before it
+// can look at the next, so there are branches here and no tables: a processor guesses the way and does not wait.
+constexpr TFormatToken ByRun(std::u16string_view format, std::size_t i) {
   switch (format[i]) {
     case u'd':
       return DayToken(Run(format, i, 6));
@@ -105,29 +104,40 @@ constexpr TFormatToken CommonToken(std::u16string_view format, std::size_t i) {
       return TimeToken(TField::Minute, Run(format, i, 2));
     case u's':
       return TimeToken(TField::Second, Run(format, i, 2));
+    case u'z':
+      return TimeToken(TField::MilliSecond, Run(format, i, 2));
     case u't':
-      return Run(format, i, 2) == 2 ? TFormatToken{TField::LongTime, 2, false}
-                                    : TFormatToken{TField::ShortTime, 1, false};
+      return Run(format, i, 2) == 2 ? TFormatToken{TField::LongTime, 2} : TFormatToken{TField::ShortTime, 1};
     case u'c':
-      return {TField::DateAndTime, 1, false};
+      return {TField::DateAndTime, 1};
     case u'\'':
     case u'"':
-      return {TField::Quote, 1, false};
+      return {TField::Quote, 1};
     default:
-      return {TField::Literal, 1, false};
+      return {};
   }
 }
 
 // The AM/PM field that the test finds at an "a".
 template <typename TTest>
 constexpr TFormatToken MeridiemToken(const TTest& stands) {
-  if (stands(u"a/p")) return {TField::MeridiemVeryShort, 3, false};
-  if (stands(u"ampm")) return {TField::MeridiemShort, 4, false};
-  if (stands(u"am/pm")) return {TField::MeridiemLong, 5, false};
-  return {TField::Nothing, 1, false};
+  if (stands(u"a/p")) return {TFormatField::MeridiemVeryShort, 3};
+  if (stands(u"ampm")) return {TFormatField::MeridiemShort, 4};
+  if (stands(u"am/pm")) return {TFormatField::MeridiemLong, 5};
+  return {TFormatField::Nothing};
 }
 
 }  // namespace tokens
+
+// Whether a character begins a field at all; all others are literal.
+inline constexpr auto FieldLetters = [] {
+  std::array<bool, 128> letters{};
+  for (const char16_t letter : std::u16string_view(u"acdhmnstyz'\"")) letters[letter] = true;
+  return letters;
+}();
+constexpr bool IsFieldLetter(char16_t c) {
+  return c < FieldLetters.size() && FieldLetters[c];
+}
 
 // The token at the 0-based index, which lies inside the format. The strict reader knows AM/PM in any case, and takes an
 // "s" behind a "z" away.
@@ -136,9 +146,9 @@ constexpr TFormatToken ReaderToken(std::u16string_view format, std::size_t index
     return tokens::MeridiemToken([&](std::u16string_view pattern) { return FoldedAt(format, index, pattern); });
   if (format[index] == u'z') {
     const bool beforeSecond = rtl::UnitAt(format, static_cast<std::int64_t>(index) + 1) == u's';
-    return {TFormatField::MilliSecond, beforeSecond ? 2 : 1, false};
+    return {TFormatField::MilliSecond, static_cast<std::uint8_t>(beforeSecond ? 2 : 1)};
   }
-  return tokens::CommonToken(format, index);
+  return tokens::ByRun(format, index);
 }
 
 // The same for the field locator, which knows AM/PM as written and z and zz.
@@ -146,13 +156,7 @@ constexpr TFormatToken LocatorToken(std::u16string_view format, std::size_t inde
   if (format[index] == u'a')
     return tokens::MeridiemToken(
         [&](std::u16string_view pattern) { return format.substr(index, pattern.size()) == pattern; });
-  if (format[index] == u'z') return tokens::TimeToken(TFormatField::MilliSecond, tokens::Run(format, index, 2));
-  return tokens::CommonToken(format, index);
-}
-
-constexpr bool IsNested(TFormatField field) {
-  return field == TFormatField::ShortDate || field == TFormatField::LongDate || field == TFormatField::ShortTime ||
-         field == TFormatField::LongTime || field == TFormatField::DateAndTime;
+  return tokens::ByRun(format, index);
 }
 
 // The format that a nested field stands for; the date and time are the short date, a blank and the long time.
@@ -195,12 +199,17 @@ class TTextCursor {
   }
 
   // The number that the digits standing here form. Raises EConvertError where there are none, or too many.
-  std::int32_t TakeNumber() {
-    const std::u16string_view digits = TakeDigits();
-    if (digits.empty() || digits.size() > 9) return rtl::StrToInt(digits);
-    std::int32_t value = 0;
-    for (const char16_t digit : digits) value = value * 10 + (digit - u'0');
-    return value;
+  [[gnu::always_inline]] std::int32_t TakeNumber() {
+    const char16_t* const first = FText.data() + std::min(FIndex, FText.size());
+    const char16_t* const end = FText.data() + FText.size();
+    const char16_t* at = first;
+    std::uint32_t value = 0;
+    for (std::uint32_t digit = 0; at != end && (digit = *at - std::uint32_t{u'0'}) <= 9; ++at)
+      value = value * 10 + digit;
+    const auto digits = static_cast<std::size_t>(at - first);
+    FIndex += digits;
+    if (digits == 0 || digits > MostSafeDigits) return rtl::StrToInt({first, digits});
+    return static_cast<std::int32_t>(value);
   }
 
   // Moves over the text if it stands here.
@@ -220,6 +229,8 @@ class TTextCursor {
   bool TakeQuoted(std::u16string_view quoted);
 
  private:
+  static constexpr std::size_t MostSafeDigits = 9;  // that fit into 32 bits whatever they are
+
   static constexpr bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 
   std::u16string_view FText;
@@ -242,26 +253,36 @@ class TFormatStack {
   }
 
   // Moves the innermost format on.
-  void Advance(std::int32_t count) { FTop.Index += static_cast<std::size_t>(count); }
+  void Advance(std::size_t count) { FTop.Index += count; }
 
   // Goes into a nested format. State is what besides the place in the text may change the course of the walk.
   void Enter(TFormatField field, std::u16string_view format, std::int32_t position, std::uint32_t state);
 
  private:
+  // Where a nested format was entered.
+  struct TEntry {
+    bool IsInside = false;
+    std::int32_t Position = 0;
+    std::uint32_t State = 0;
+    friend constexpr bool operator==(const TEntry&, const TEntry&) = default;
+  };
+
   struct TFrame {
     std::u16string_view Format;
     std::size_t Index = 0;
-    std::int32_t Position = 0;
-    std::uint32_t State = 0;
     TFormatField Field = TFormatField::Literal;
+    TEntry Former;  // into the same field, further out
   };
 
   // Back to the format around the innermost one; false when there is none.
   bool Leave();
-  bool ComesRound(TFormatField field, std::int32_t position, std::uint32_t state) const;
+  // The innermost entry into a field that has not been left again. It is enough to look at that one: what was the same
+  // further out is the same there.
+  TEntry& InnermostOf(TFormatField field) { return FInnermost[static_cast<std::size_t>(field)]; }
 
   TFrame FTop;
   std::vector<TFrame> FOuter;  // the outermost first
+  std::array<TEntry, static_cast<std::size_t>(TFormatField::DateAndTime) + 1> FInnermost{};
   std::size_t FNestedCharacters = 0;
 };
 

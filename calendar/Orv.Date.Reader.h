@@ -2,6 +2,8 @@
 // accept, and what the parts then mean, is theirs.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -26,15 +28,18 @@ struct TReaderRules {
 enum class TReadField : std::uint8_t { Year, Month, Day, Hour, Minute, Second, MilliSecond, DayName, Meridiem };
 using TReadFields = rtl::TSet<TReadField, std::uint16_t>;
 
-// The parts read. What was not seen is 0.
+// The parts read, a number for each field. What was not seen is 0.
 struct TReadParts {
-  std::int32_t Year = 0;
-  std::uint16_t Month = 0;
-  std::uint16_t Day = 0;
-  rtl::TTimeParts Time;
-  std::uint8_t DayOfWeek = 0;  // the number in the table of day names, 1 to 7
-  bool IsPM = false;
+  static constexpr std::size_t Fields = static_cast<std::size_t>(TReadField::Meridiem) + 1;
+
+  std::array<std::int32_t, Fields> Values{};
   TReadFields Seen;
+
+  bool Has(TReadField field) const { return Seen.Contains(field); }
+  // The day's name is the number in the table of names, 1 to 7; AM is 0 and PM is 1. Every other value but the year's
+  // fits into a word.
+  std::int32_t Value(TReadField field) const { return Values[static_cast<std::size_t>(field)]; }
+  std::uint16_t Word(TReadField field) const { return static_cast<std::uint16_t>(Value(field)); }
 };
 
 // Reads the text by the format; text behind the format is ignored. Nothing where the text does not follow it, where a
@@ -52,6 +57,15 @@ std::optional<TReadParts> ReadByFormat(const TReaderRules& rules, std::u16string
 
 // The time of day that was read: AM and PM applied. Nothing where the hour does not go with AM or PM. Hour 12 with PM
 // is hour 0.
-std::optional<rtl::TTimeParts> TimeRead(const TReadParts& parts);
+inline std::optional<rtl::TTimeParts> TimeRead(const TReadParts& parts) {
+  std::int32_t hour = parts.Value(TReadField::Hour);
+  if (parts.Has(TReadField::Meridiem)) {
+    const bool afternoon = parts.Value(TReadField::Meridiem) != 0;
+    if (afternoon ? hour == 0 : hour > 13) return std::nullopt;
+    if (afternoon && hour < 13) hour = (hour + 12) % 24;
+  }
+  return rtl::TTimeParts{static_cast<std::uint16_t>(hour), parts.Word(TReadField::Minute),
+                         parts.Word(TReadField::Second), parts.Word(TReadField::MilliSecond)};
+}
 
 }  // namespace orv

@@ -121,20 +121,21 @@ std::optional<TDateTime> TOrvCalendarCalc::FormatStringFullToDateTime(std::u16st
   const TReaderRules rules = {FormatSettings, MeridiemTexts(),          MinYear,
                               MaxYear,        ShortYearStartingCentury, FormatSettings.TwoDigitYearCenturyWindow};
   const auto parts = ReadByFormat(rules, format, text);
-  const auto value = parts ? TryEncodeRead(*parts) : std::nullopt;
-  if (!value || !parts->Seen.Contains(TReadField::DayName)) return value;
+  TDateTime value = 0;
+  if (!parts || !TryEncodeRead(*parts, value)) return std::nullopt;
   // The day's number from 0 against the name's from 1: the name that passes is that of the day before.
-  return TDayOfWeekHelper::Ordinal(DayOfTheWeek(*value)) == parts->DayOfWeek ? value : std::nullopt;
+  const bool holds = !parts->Has(TReadField::DayName) ||
+                     TDayOfWeekHelper::Ordinal(DayOfTheWeek(value)) == parts->Value(TReadField::DayName);
+  return holds ? std::optional(value) : std::nullopt;
 }
 
-std::optional<TDateTime> TOrvCalendarCalc::TryEncodeRead(const TReadParts& parts) const {
+bool TOrvCalendarCalc::TryEncodeRead(const TReadParts& parts, TDateTime& value) const {
   const auto time = TimeRead(parts);
-  if (!time) return std::nullopt;
-  const auto seen = [&parts](TReadField field) { return parts.Seen.Contains(field); };
-  const TDateParts date = {seen(TReadField::Year) ? static_cast<std::uint16_t>(parts.Year) : CurrentYear(),
-                           seen(TReadField::Month) ? parts.Month : CurrentMonth(),
-                           seen(TReadField::Day) ? parts.Day : CurrentDay()};
-  return TryEncodeDateTime({date, *time});
+  if (!time) return false;
+  const TDateParts date = {parts.Has(TReadField::Year) ? parts.Word(TReadField::Year) : CurrentYear(),
+                           parts.Has(TReadField::Month) ? parts.Word(TReadField::Month) : CurrentMonth(),
+                           parts.Has(TReadField::Day) ? parts.Word(TReadField::Day) : CurrentDay()};
+  return EncodeTo(value, {date, *time});
 }
 
 TDateTime TOrvCalendarCalc::StringToDateTime(std::u16string_view format, std::u16string_view text) const {

@@ -126,14 +126,6 @@ TDateTime TOrvCalendarCalc::EncodeDateDay(std::uint16_t year, std::uint16_t dayO
   rtl::InvalidDateDayError(year, dayOfYear);
 }
 
-std::optional<TDateTime> TOrvCalendarCalc::TryEncodeDateTime(const TDateTimeParts& parts) const {
-  const auto date = TryEncodeDate(parts.Date);
-  if (!date) return std::nullopt;
-  const auto time = rtl::TryEncodeTime(parts.Time);
-  if (!time) return std::nullopt;
-  return rtl::JoinDateAndTime(*date, *time);
-}
-
 TDateTime TOrvCalendarCalc::EncodeDateTime(const TDateTimeParts& parts) const {
   if (const auto value = TryEncodeDateTime(parts)) return *value;
   rtl::InvalidDateTimeError(parts);

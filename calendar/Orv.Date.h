@@ -187,7 +187,10 @@ class TOrvCalendarCalc {
   TDateTime EncodeDateWeek(const TDateWeek& date) const;
   TDateTime EncodeDateMonthWeek(const TDateMonthWeek& date) const;
   TDateTime EncodeDayOfWeekInMonth(const TDayOfWeekInMonth& date) const;
-  std::optional<TDateTime> TryEncodeDateTime(const TDateTimeParts& parts) const;
+  std::optional<TDateTime> TryEncodeDateTime(const TDateTimeParts& parts) const {
+    TDateTime value = 0;
+    return EncodeTo(value, parts) ? std::optional(value) : std::nullopt;
+  }
   std::optional<TDateTime> TryEncodeDateWeek(const TDateWeek& date) const;
   std::optional<TDateTime> TryEncodeDateMonthWeek(const TDateMonthWeek& date) const;
   // Raises EConvertError for a month that has no first day.
@@ -211,8 +214,8 @@ class TOrvCalendarCalc {
   TDateTime StartOfAWeek(const TDateWeek& date) const;  // the day itself
   TDateTime StartOfTheYear(TDateTime value) const;
   TDateTime StartOfTheMonth(TDateTime value) const;
-  // A Friday, one to seven days back, whatever FirstWeekday is: the date less the day's number from 1 for Sunday
-  // less 1.
+  // A Friday, whatever FirstWeekday is: two days back from a Sunday, then more day by day, up to eight back from a
+  // Saturday; from a Friday seven.
   TDateTime StartOfTheWeek(TDateTime value) const;
   TDateTime EndOfAYear(std::uint16_t year) const;
   TDateTime EndOfAMonth(std::uint16_t year, std::uint16_t month) const;
@@ -223,9 +226,9 @@ class TOrvCalendarCalc {
   TDateTime EndOfTheMonth(TDateTime value) const;
   TDateTime EndOfTheWeek(TDateTime value) const;
 
-  // --- Counting from the start of a month, week or year. Each builds on the one above; those of 16 bits wrap.
-  // ---------
+  // --- Counting from the start of a month, week or year -------------------------------------------------------------
 
+  // Each builds on the one above; those of 16 bits wrap.
   std::uint16_t HourOfTheMonth(TDateTime value) const;
   std::uint16_t HourOfTheWeek(TDateTime value) const;
   std::uint16_t HourOfTheYear(TDateTime value) const;
@@ -269,8 +272,7 @@ class TOrvCalendarCalc {
   // keeps it. The years are words and wrap; any number of them takes bounded time.
   TDateTime IncYear(TDateTime value, std::int32_t years = 1) const;
 
-  // --- Replacing parts; RecodeLeaveFieldAsIs keeps one
-  // ----------------------------------------------------------------
+  // --- Replacing parts; RecodeLeaveFieldAsIs keeps one --------------------------------------------------------------
 
   std::optional<TDateTime> TryRecodeDateTime(TDateTime value, const TDateTimeParts& parts) const;
   TDateTime RecodeDateTime(TDateTime value, const TDateTimeParts& parts) const;
@@ -291,9 +293,9 @@ class TOrvCalendarCalc {
   bool SameDayOfWeek(TDateTime value, TDayOfWeek dow) const;
   bool SameDayOfWeek(TDateTime value, const TDateParts& date) const;
 
-  // --- Names: the number, from 1, of the name that equals the text exactly, long names first; -1 where there is none
-  // ---
+  // --- Names --------------------------------------------------------------------------------------------------------
 
+  // The number, from 1, of the name that equals the text exactly, long names first; -1 where there is none.
   std::int32_t WhatDay(std::u16string_view name) const;
   std::int32_t WhatMonth(std::u16string_view name) const;
 
@@ -306,8 +308,7 @@ class TOrvCalendarCalc {
   void SetLocale(std::u16string_view name);
   const UnicodeString& Locale() const { return FLocale; }
 
-  // --- Text. The letters of formats: docs/calendars.md
-  // ----------------------------------------------------------------
+  // --- Text. The letters of formats: docs/calendars.md --------------------------------------------------------------
 
   // Writes the parts by the format; UseSeparators puts the separators of the settings for ":" and "/". Formats that
   // nest without end, and a doubled quote, raise EConvertError.
@@ -324,8 +325,8 @@ class TOrvCalendarCalc {
   // before. Raises EConvertError where a number has no digits or more than 32 bits.
   std::optional<TDateTime> FormatStringFullToDateTime(std::u16string_view format, std::u16string_view text) const;
   // The parts that a reader took from a text as a date-time: what was not read comes from today and from midnight. The
-  // day's name is not looked at.
-  std::optional<TDateTime> TryEncodeRead(const TReadParts& parts) const;
+  // day's name is not looked at. False where they are no date and time.
+  bool TryEncodeRead(const TReadParts& parts, TDateTime& value) const;
   // The century that years of two digits count from in a present year: the one that eighty years ago belonged to.
   static constexpr std::uint16_t CenturyStartIn(std::int32_t year) {
     return static_cast<std::uint16_t>((year - 80) / 100 * 100);
@@ -370,6 +371,13 @@ class TOrvCalendarCalc {
   rtl::TFormatSettings NormalizedSettings();
   void BuildDayTables();
   TMeridiemTexts MeridiemTexts() const;
+  // Whether the parts are a date and a time; the value is then both together.
+  bool EncodeTo(TDateTime& value, const TDateTimeParts& parts) const {
+    const auto time = rtl::TryEncodeTime(parts.Time);  // begins with a slow division, so before the date
+    if (!TryEncodeDate(parts.Date, value)) return false;
+    if (time) value = rtl::JoinDateAndTime(value, *time);
+    return time.has_value();
+  }
   void WriteTo(UnicodeString& out, std::u16string_view format, const TDateTimeParts& parts, TDayOfWeek dow,
                bool useSeparators) const;
   TDateMonthWeek DecodeMonthWeek(TDateTime value, bool mayStepBack) const;

@@ -23,7 +23,7 @@ bool IsOpposite(TBidi bidi, bool rightToLeft) {
 rtl::UnicodeString CutTextForView(std::u16string_view text, bool rightToLeft, std::int32_t index) {
   const std::size_t cut = index > 0 ? static_cast<std::size_t>(index) : 0;
   if (cut >= text.size()) return {};
-  const rtl::UnicodeString plainCut(text.substr(cut));
+  rtl::UnicodeString plainCut(text.substr(cut));
   if (cut == 0 || RunsWithView(text[cut], rightToLeft)) return plainCut;
 
   const TDirectionalRuns runs = TDirectiveChars::SplitByDirection(text, TParagraphBidi::RightToLeft);

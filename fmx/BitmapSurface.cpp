@@ -22,14 +22,23 @@ void TBitmapSurface::Clear(std::uint32_t pixel) {
   std::fill(FPixels.begin(), FPixels.end(), pixel);
 }
 
+namespace {
+
+template <typename TPixels>
+auto Row(TPixels& pixels, std::int32_t y, std::int32_t width, std::int32_t height) -> decltype(std::span(pixels)) {
+  if (y < 0 || y >= height) return {};
+  const auto count = static_cast<std::size_t>(width);
+  return std::span(pixels).subspan(static_cast<std::size_t>(y) * count, count);
+}
+
+}  // namespace
+
 std::span<std::uint32_t> TBitmapSurface::Scanline(std::int32_t y) {
-  if (y < 0 || y >= FHeight) return {};
-  const auto width = static_cast<std::size_t>(FWidth);
-  return std::span(FPixels).subspan(static_cast<std::size_t>(y) * width, width);
+  return Row(FPixels, y, FWidth, FHeight);
 }
 
 std::span<const std::uint32_t> TBitmapSurface::Scanline(std::int32_t y) const {
-  return const_cast<TBitmapSurface*>(this)->Scanline(y);
+  return Row(FPixels, y, FWidth, FHeight);
 }
 
 }  // namespace fmx

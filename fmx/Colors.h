@@ -60,7 +60,9 @@ constexpr TAlphaColor Unpremultiply(TPixel pixel) {
 // The colour with its alpha times the opacity, which is held between 0 and 1; what is no number counts as 0.
 constexpr TAlphaColor MakeOpacity(TAlphaColor color, float opacity) {
   const float held = opacity > 0 ? (opacity < 1 ? opacity : 1.0F) : 0.0F;
-  const auto alpha = static_cast<std::uint32_t>(static_cast<float>(AlphaOf(color)) * held + 0.5F);
+  // Never negative, so adding a half rounds it; std::lround is no constant expression.
+  const auto alpha = static_cast<std::uint32_t>(static_cast<float>(AlphaOf(color)) * held +
+                                                0.5F);  // NOLINT(bugprone-incorrect-roundings)
   return alpha << 24 | (color & 0xFFFFFF);
 }
 

@@ -31,7 +31,7 @@ struct TGuid {
     return guid;
   }
 
-  friend constexpr auto operator<=>(const TGuid&, const TGuid&) = default;
+  friend constexpr auto operator<=>(const TGuid&, const TGuid&) = default;  // NOLINT(modernize-use-nullptr)
 
  private:
   static consteval std::uint8_t DigitOf(char c) {

@@ -17,14 +17,6 @@ constexpr std::int64_t Magnitude(std::int64_t value) {
   return value < 0 ? -value : value;
 }
 
-constexpr std::int64_t MillisecondsOf(const TTimeParts& time) {
-  return time.Hour * MSecsPerHour + time.Minute * MSecsPerMin + time.Second * MSecsPerSec + time.MilliSecond;
-}
-
-constexpr bool IsTimeOfDay(const TTimeParts& time) {
-  return time.Hour < 24 && time.Minute < 60 && time.Second < 60 && time.MilliSecond < 1000;
-}
-
 constexpr bool IsValidYear(std::uint16_t year) {
   return year >= MinYear && year <= MaxYear;
 }
@@ -49,11 +41,6 @@ TDateTime MillisecondsToDateTime(std::int64_t milliseconds) {
 
 bool IsValidTime(const TTimeParts& time) {
   return IsTimeOfDay(time) || time == TTimeParts{24, 0, 0, 0};
-}
-
-std::optional<TDateTime> TryEncodeTime(const TTimeParts& time) {
-  if (!IsTimeOfDay(time)) return std::nullopt;
-  return Days(MillisecondsOf(time));
 }
 
 TDateTime EncodeTime(const TTimeParts& time) {

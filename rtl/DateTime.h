@@ -102,8 +102,16 @@ TDateTime MillisecondsToDateTime(std::int64_t milliseconds);
 
 // Time of day. A valid time runs from 00:00:00.000 to 23:59:59.999; IsValidTime also takes 24:00:00.000, the midnight
 // that ends a day, which has no encoding.
+constexpr bool IsTimeOfDay(const TTimeParts& time) {
+  return time.Hour < 24 && time.Minute < 60 && time.Second < 60 && time.MilliSecond < 1000;
+}
 bool IsValidTime(const TTimeParts& time);
-std::optional<TDateTime> TryEncodeTime(const TTimeParts& time);
+constexpr std::optional<TDateTime> TryEncodeTime(const TTimeParts& time) {
+  if (!IsTimeOfDay(time)) return std::nullopt;
+  const std::int64_t milliseconds =
+      time.Hour * MSecsPerHour + time.Minute * MSecsPerMin + time.Second * MSecsPerSec + time.MilliSecond;
+  return static_cast<double>(milliseconds) / static_cast<double>(MSecsPerDay);
+}
 TDateTime EncodeTime(const TTimeParts& time);  // raises EConvertError
 inline TTimeParts DecodeTime(TDateTime value) {
   const auto time = static_cast<std::uint32_t>(DateTimeToTimeStamp(value).Time);

@@ -1,13 +1,23 @@
 // Gregorian dates and times as text, by the formats and names of a settings record.
 //
 // Letters of a format, in either case; a run of one letter is one field:
-//   d dd           day of the month, with two digits      ddd dddd   day of the week, short and long name
-//   ddddd dddddd   the short and the long date format     m mm       month, with two digits; minutes right behind an
-//   hour mmm mmmm       month, short and long name             yy yyyy    year of the century, year in four digits h hh
-//   hour, on the 12-hour clock where an AM/PM field follows before the next hour n nn s ss      minute, second z zzz
-//   millisecond, with three digits t tt           the short and the long time format     c          short date and,
-//   unless midnight, long time am/pm a/p      these texts, in the case as written    ampm       the settings' texts / :
-//   the separators                         'x' "x"    x as it stands
+// clang-format off
+//   d dd            day of the month; with two digits
+//   ddd dddd        day of the week, short and long name
+//   ddddd dddddd    the short and the long date format
+//   m mm            month, with two digits; minutes right behind an hour
+//   mmm mmmm        month, short and long name
+//   yy yyyy         year of the century, year in four digits
+//   h hh            hour, on the 12-hour clock where an AM/PM field follows before the next hour
+//   n nn, s ss      minute, second
+//   z zzz           millisecond, with three digits
+//   t tt            the short and the long time format
+//   c               short date and, unless midnight, long time
+//   am/pm a/p       these texts, in the case as written
+//   ampm            the settings' texts
+//   / :             the separators
+//   'x' "x"         x as it stands
+// clang-format on
 // Every other character stands for itself. Formats nest two deep; what nests deeper writes nothing. An empty format is
 // "c". No input makes writing fail. Functions without a settings argument read the process-wide record (main thread);
 // the others may be called from any thread.

@@ -90,9 +90,9 @@ TUtf8Char DecodeUtf8(std::string_view utf8, std::size_t index) {
 
 void AppendUtf16(UnicodeString& out, std::string_view utf8) {
   // Neither loop over plain ASCII has an early exit, so that the compiler makes them vector loops.
-  char seen = 0;
-  for (const char byte : utf8) seen |= byte;
-  if (static_cast<unsigned char>(seen) < 0x80) {
+  unsigned char seen = 0;
+  for (const char byte : utf8) seen = static_cast<unsigned char>(seen | static_cast<unsigned char>(byte));
+  if (seen < 0x80) {
     const std::size_t former = out.size();
     out.resize(former + utf8.size());
     for (std::size_t i = 0; i < utf8.size(); ++i) out[former + i] = static_cast<char16_t>(utf8[i]);

@@ -83,7 +83,7 @@ class TTokenReader {
 
   const TText Text;
   const TSplitSettings& Settings;
-  const bool HasArabicDigits;      // looks at the first unit alone, however long the text is
+  const bool HasArabicDigits;  // looks at the first unit alone, however long the text is
   TDirectionalRuns& Runs;
   TVisualOrder Order;
   std::vector<TBidiStackData>& Stack;

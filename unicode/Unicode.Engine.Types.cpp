@@ -13,7 +13,6 @@ namespace orv {
 namespace {
 
 using engine::ClassOf;
-using engine::IsIn;
 
 // Looking ahead reads a few places past the text, which must still be positions.
 constexpr std::size_t LengthLimit = std::numeric_limits<std::int32_t>::max() - 16;

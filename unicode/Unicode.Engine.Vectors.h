@@ -1,5 +1,5 @@
-// Code units eight at a time, for searches that no class table is needed for. Built on the compilers' vector extension, which
-// gives SSE2, NEON or WebAssembly SIMD where the target has them and plain instructions elsewhere.
+// Code units eight at a time, for searches that no class table is needed for. Built on the compilers' vector extension,
+// which gives SSE2, NEON or WebAssembly SIMD where the target has them and plain instructions elsewhere.
 #pragma once
 
 #include <cstdint>

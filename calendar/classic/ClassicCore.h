@@ -47,18 +47,23 @@ class TSaturdayCore : public TBase {
   }
 
   // Days of week 1 before the first day of the year do not count, and in the last week those behind the day of the week
-  // that the year ends on.
+  // that the year ends on. The tests stand in their order: what a far year cannot answer raises only where it is asked.
   bool IsValidWeek(const rtl::TYearWeek& date) const {
-    if (!this->IsYearValid(date.Year)) return false;
-    return IsWithin(date.Week, date.DayOfWeek, this->WeeksInAYear(date.Year), FirstWeekDay(date.Year, 1),
-                    WeekDay(this->EndOfAYear(date.Year)));
+    if (!this->IsYearValid(date.Year) || date.Week < 1) return false;
+    const std::uint16_t lastWeek = this->WeeksInAYear(date.Year);
+    if (date.Week > lastWeek || !IsWeekDay(date.DayOfWeek)) return false;
+    if (date.Week == lastWeek && date.DayOfWeek > WeekDay(this->EndOfAYear(date.Year))) return false;
+    return date.Week != 1 || date.DayOfWeek >= FirstWeekDay(date.Year, 1);
   }
 
+  // The same on a month, whose last week is that of its last day.
   bool IsValidMonthWeek(const rtl::TMonthWeek& date) const {
-    if (!this->IsYearValid(date.Year) || !this->IsMonthValid(date.Month)) return false;
+    if (!this->IsYearValid(date.Year) || !this->IsMonthValid(date.Month) || date.Week < 1) return false;
     const TDateTime last = this->EndOfAMonth(date.Year, date.Month);
-    return IsWithin(date.Week, date.DayOfWeek, MonthWeek(last).Week, FirstWeekDay(date.Year, date.Month),
-                    WeekDay(last));
+    const std::uint16_t lastWeek = MonthWeek(last).Week;
+    if (date.Week > lastWeek || !IsWeekDay(date.DayOfWeek)) return false;
+    if (date.Week == lastWeek && date.DayOfWeek > WeekDay(last)) return false;
+    return date.Week != 1 || date.DayOfWeek >= FirstWeekDay(date.Year, date.Month);
   }
 
   std::optional<TDateTime> TryEncodeWeek(const rtl::TYearWeek& date) const {
@@ -84,11 +89,7 @@ class TSaturdayCore : public TBase {
     return Word(behindFirstWeek / 7 + (behindFirstWeek % 7 == 0 ? 1 : 2));
   }
 
-  static constexpr bool IsWithin(std::uint16_t week, std::uint16_t day, std::uint16_t lastWeek, std::uint16_t firstDay,
-                                 std::uint16_t lastDay) {
-    if (week < 1 || week > lastWeek || day < 1 || day > 7) return false;
-    return (week != lastWeek || day <= lastDay) && (week != 1 || day >= firstDay);
-  }
+  static constexpr bool IsWeekDay(std::uint16_t day) { return day >= 1 && day <= 7; }
 
   TDateTime DayOfWeekFrom(TDateTime first, std::int32_t week, std::int32_t day) const {
     const std::int32_t firstDay = WeekDay(first);
@@ -100,9 +101,9 @@ class TPersianCore final : public TSaturdayCore<TOrvJalaliDateCalendarCalc> {};
 
 class TIslamicCore final : public TSaturdayCore<TOrvHijriLunarDateCalendarCalc> {
  public:
-  // Months and days beyond their bounds count on as far as the year goes.
+  // Months and days beyond their bounds count on as far as the year goes, so the parent's check is passed over.
   bool TryEncodeDate(const TDateParts& date, TDateTime& value) const override {
-    return TOrvCalendarCalc::TryEncodeDate(date, value);
+    return TOrvCalendarCalc::TryEncodeDate(date, value);  // NOLINT(bugprone-parent-virtual-call)
   }
 
   bool TryEncodeDateDay(std::uint16_t year, std::uint16_t dayOfYear, TDateTime& value) const override {

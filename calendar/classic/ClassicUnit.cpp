@@ -126,9 +126,10 @@ std::optional<TDateTime> TClassicUnit<TCore>::FormatStringFullToDateTime(std::u1
                               TOrvCalendarCalc::CenturyStartIn(CurrentYear()),
                               settings.TwoDigitYearCenturyWindow};
   const auto parts = ReadByFormat(rules, format, text);
-  const auto value = parts ? Core().TryEncodeRead(*parts) : std::nullopt;
-  if (!value || !parts->Seen.Contains(TReadField::DayName)) return value;
-  return Core().NameNumber(*value) == parts->DayOfWeek ? value : std::nullopt;
+  TDateTime value = 0;
+  if (!parts || !Core().TryEncodeRead(*parts, value)) return std::nullopt;
+  const bool holds = !parts->Has(TReadField::DayName) || Core().NameNumber(value) == parts->Value(TReadField::DayName);
+  return holds ? std::optional(value) : std::nullopt;
 }
 
 template <typename TCore>

@@ -1,4 +1,4 @@
-// The Persian settings that loading the library puts in force for the whole process.
+// The Persian settings of the whole process.
 #pragma once
 
 #include "rtl/FormatSettings.h"
@@ -13,7 +13,8 @@ const rtl::TMonthNames& JulianLongMonthNames();
 // Saturday, formats, separators, currency. Fields without a Persian value of their own stay.
 void MakePersian(rtl::TFormatSettings& settings);
 
-// Does so with the process-wide settings. One of the start-up steps of the library; main thread.
+// Does so with the process-wide settings, at every call. StartCalendars (calendar/StartUp.h) calls it once, at the
+// start of a program. Main thread.
 void InitLocale();
 
 // The copies made by the last InitLocale, with "," as thousand separator; in the second the day names begin on Sunday,

@@ -25,6 +25,8 @@ struct TOrvLangGroup {
   std::string_view LangCode;  // UTF-8, for example "fa"; empty for a number without a language of its own
   std::uint8_t LCID;          // the primary language number, which is the row's number
   TLCIDRecs List;
+
+  constexpr std::uint16_t ListSize() const { return static_cast<std::uint16_t>(List.size()); }
 };
 
 inline constexpr unsigned LangGroupCount = 146;

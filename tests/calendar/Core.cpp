@@ -94,6 +94,8 @@ TEST(Core, RecodingWithEveryPartKeptIsTheIdentityBefore1899Too) {
 TEST(Core, TheStartOfAWeekIsAFridayAtMostEightDaysBack) {
   const auto calendar = Jalali();
   EXPECT_EQ(calendar->StartOfTheWeek(NewYear1404), NewYear1404 - 7) << "of a Friday, the one before";
+  EXPECT_EQ(calendar->StartOfTheWeek(NewYear1404 + 1), NewYear1404 - 7) << "of a Saturday";
+  EXPECT_EQ(calendar->StartOfTheWeek(NewYear1404 + 2), NewYear1404) << "of a Sunday";
   for (int day = 0; day < 7; ++day) {
     const TDateTime value = NewYear1404 + day + 0.75;
     const TDateTime start = calendar->StartOfTheWeek(value);
@@ -323,6 +325,10 @@ TEST(Core, DecodingAWeekBeforeTheFirstOneRaisesInsteadOfRecursingForEver) {
   const TDateTime year0 = calendar->EncodeDate({0, 1, 1});
   ASSERT_EQ(calendar->DayOfTheWeek(year0), Wednesday);
   for (int day = 0; day < 5; ++day) EXPECT_THROW(calendar->DecodeDateWeek(year0 + day), rtl::EConvertError) << day;
+  for (int day = 0; day < 4; ++day) {
+    const TDateMonthWeek week = calendar->DecodeDateMonthWeek(year0 + day);
+    EXPECT_EQ(week, (TDateMonthWeek{0, 0, 1, calendar->DayOfTheWeek(year0 + day)})) << day;
+  }
   EXPECT_EQ(calendar->DecodeDateWeek(year0 + 5).WeekOfYear, 1);
   for (const TDateTime value : {year0 - 1, year0 - 1e6, -1e300})
     EXPECT_THROW(calendar->DecodeDateWeek(value), rtl::EConvertError);

@@ -59,8 +59,7 @@ TEST(Factory, ANameIsRegisteredOnceButMayBeReplaced) {
 }
 
 TEST(Factory, TheDefaultNameAfterStartIsThatOfTheLastUnitThatDoesNotWait) {
-  RegisterBuiltInCalendars();
-  EXPECT_EQ(TOrvCalendarCalcSystems::Default, u"IslamicTabular");
+  EXPECT_EQ(TOrvCalendarCalcSystems::Default(), u"IslamicTabular");
   EXPECT_EQ(TOrvCalendarCalc::DefaultCalendarName, u"");
 }
 

@@ -215,6 +215,23 @@ TEST_F(Format, DateTimeToStrTakesTheTimeFromTheSettingsOfTheProcess) {
   rtl::FormatSettings() = former;
 }
 
+// The "m" of AM/PM counts as a minute in the settings that a calculator starts with.
+TEST_F(Format, TimeFormatsWithAmPmLoseItAndReadNothing) {
+  const TDateTime evening = NewYear1404 + 0.75;
+  const std::unique_ptr<TOrvCalendarCalc> english = testing::Make<TOrvJulianDateCalendarCalc>(NewYear1404, u"en-US");
+  const std::unique_ptr<TOrvCalendarCalc> islamic = Hijri();
+  for (const auto* calendar : {english.get(), islamic.get()}) {
+    EXPECT_EQ(calendar->FormatDateTime(u"t", evening, true), u"18:00 ");
+    EXPECT_EQ(calendar->FormatDateTime(u"tt", evening, true), u"18:00:00 18:00 ");
+    EXPECT_FALSE(calendar->TryStrToDateTime(u"18:00 00", u"t"));
+  }
+  EXPECT_EQ(english->FormatDateTime(u"c", evening, true), u"3/21/202518:00:00 ");
+  EXPECT_EQ(Calendar->FormatDateTime(u"t", evening, true), u"18:00");
+  EXPECT_EQ(Calendar->FormatDateTime(u"c", evening, true), u"04/1/118:00 ");
+  EXPECT_FALSE(Calendar->TryStrToDateTime(u"04/1/1 18:00 00"));
+  EXPECT_EQ(Gregorian()->FormatDateTime(u"t", evening, true), u"1818:00") << "two capitals are two fields";
+}
+
 TEST_F(Format, EveryCalendarWritesItsOwnDate) {
   EXPECT_EQ(Calendar->FormatDateTime(u"dddd d mmmm yyyy", NewYear1404, true), u"جمعه 1 فروردین 1404");
   EXPECT_EQ(Hijri()->FormatDateTime(u"dddd d mmmm yyyy", NewYear1404, true), u"الجمعة 21 رمضان 1446");

@@ -53,7 +53,7 @@ TEST(LanguageTable, CodesStandInTheOrderOfTheLanguageNumbers) {
 }
 
 TEST(LanguageTable, TellingRows) {
-  ASSERT_EQ(Row(1).List.size(), 16u);
+  ASSERT_EQ(Row(1).ListSize(), 16);
   EXPECT_EQ(Row(1).List[0].LocaleName, "ar-dz");
   EXPECT_EQ(Row(1).List[0].LCID, 0x1401);
   EXPECT_EQ(Row(1).List[15].LocaleName, "ar-ye");

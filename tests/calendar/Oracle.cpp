@@ -167,22 +167,24 @@ TEST(IcuPersian, NewYearDaysDifferWhereTheCycleOf33YearsIsNotKept) {
   EXPECT_EQ(later, LaterInIcu);
 }
 
-TEST(IcuPersian, EveryDayIsTheSameButForThoseOfTheYearsThatBeginOtherwise) {
+TEST(IcuPersian, EveryDayIsTheSameButForYearsThatBeginOtherwiseAndTheDayBeforeAnEarlierOne) {
   const auto icu = MakeIcu("fa@calendar=persian");
   const auto calendar = testing::Jalali();
-  std::int32_t different = 0, days = 0;
+  std::int32_t inOtherYears = 0, before = 0, days = 0;
   for (std::int32_t day = JalaliJD0(0) + 1; day <= JalaliJD0(2325) + 5 * 31 + 10; ++day, ++days) {
     const TDateParts ours = calendar->DecodeDate(day - JulianDayOfDateTime0);
     const TDayMonthYear theirs = IcuDate(*icu, day);
     if (ours == TDateParts{testing::Word(theirs.Year), testing::Word(theirs.Month), testing::Word(theirs.Day)})
       continue;
-    ++different;
-    ASSERT_TRUE(EarlierInIcu.contains(ours.Year) || LaterInIcu.contains(ours.Year) ||
-                EarlierInIcu.contains(ours.Year + 1))
-        << day;
+    const bool beginsOtherwise = EarlierInIcu.contains(ours.Year) || LaterInIcu.contains(ours.Year);
+    ++(beginsOtherwise ? inOtherYears : before);
+    if (beginsOtherwise) continue;
+    ASSERT_TRUE(EarlierInIcu.contains(ours.Year + 1)) << day;
+    ASSERT_EQ(theirs, (TDayMonthYear{1, 1, ours.Year + 1}));
   }
   EXPECT_EQ(days, 849354);
-  EXPECT_EQ(different, 34038);
+  EXPECT_EQ(inOtherYears, 33963);
+  EXPECT_EQ(before, 75);
 }
 
 TEST(IcuIslamic, EveryDayOfYears1To9999IsTheSame) {

@@ -100,6 +100,10 @@ TEST_F(Reader, ADayNameThatIsRightFailsAndThatOfTheDayBeforePasses) {
   EXPECT_FALSE(Read(u"yyyy/m/d dddd", u"1404/1/1 جمعه").has_value()) << "it was a Friday";
   EXPECT_FALSE(Read(u"yyyy/m/d dddd", u"1404/1/1 شنبه").has_value());
   EXPECT_TRUE(Read(u"yyyy/m/d dddd", u"1404/1/1 پنجشنبه").has_value());
+  for (int day = 1; day <= 7; ++day) {
+    const UnicodeString sunday = u"1404/1/3 " + UnicodeString(Calendar->FormatSettings.LongDayNames[day]);
+    EXPECT_FALSE(Read(u"yyyy/m/d dddd", sunday).has_value()) << "on a Sunday, no name will do: " << day;
+  }
 }
 
 TEST_F(Reader, ADayNameAloneIsHeldAgainstToday) {
@@ -244,6 +248,12 @@ TEST_F(Reader, AFormatThatNestsInItselfEndsAsItsTextDoesOrRaises) {
   Calendar->FormatSettings.ShortDayNames.Names[0] = u"";
   Calendar->FormatSettings.ShortDateFormat = u"dddyddddd";
   EXPECT_THROW(Read(u"ddddd", u""), rtl::EConvertError) << "an empty name is learnt only once";
+}
+
+TEST_F(Reader, FormatsEnteredAndLeftAtEveryDepthDoNotSlowTheWalkDown) {
+  Calendar->FormatSettings.ShortTimeFormat = u"";
+  Calendar->FormatSettings.ShortDateFormat = u"1tddddd";
+  EXPECT_FALSE(Read(u"ddddd", UnicodeString(400000, u'1')).has_value());
 }
 
 TEST_F(Reader, DeepNestingIsReadToTheEndOfTheText) {

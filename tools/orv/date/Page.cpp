@@ -116,7 +116,9 @@ class TGrid {
     line.PutBefore(EndOf(column) + 1, u"]");
   }
 
-  rtl::UnicodeString Marked(rtl::UnicodeString line) const { return FPage.RightToLeft ? LeftToRightMark + line : line; }
+  rtl::UnicodeString Marked(const rtl::UnicodeString& line) const {
+    return FPage.RightToLeft ? LeftToRightMark + line : line;
+  }
 
   const TMonthPage& FPage;
   std::size_t FCell;

@@ -80,6 +80,7 @@ TClass Parent(const TArguments& parent, TMethodNames& names) {
   const auto size = static_cast<std::size_t>(parent.Integer("instanceSize", 0, std::numeric_limits<int>::max()));
   const std::string className = parent.String("className");
   std::vector<TFilledSlot> slots;
+  slots.reserve(static_cast<std::size_t>(slotCount));
   for (int i = 0; i < slotCount; ++i) slots.push_back({i, names.AddressOf("P" + std::to_string(i))});
   return MakeCompiledRecord(RoomForGood(slotCount), {"", className, nullptr, size, slotCount}, slots);
 }
@@ -97,6 +98,7 @@ std::vector<TGenerator::TOverrideMethodInfo> Overrides(const TJson& values, TMet
 std::vector<TMethodAddress> NewVirtuals(const TJson& values, TMethodNames& names) {
   if (values.size() > static_cast<std::size_t>(SlotLimit)) throw BadRequest("'newVirtuals' holds too many names");
   std::vector<TMethodAddress> addresses;
+  addresses.reserve(values.size());
   for (const TJson& value : values) addresses.push_back(names.AddressOf(MethodName("newVirtuals", value)));
   return addresses;
 }

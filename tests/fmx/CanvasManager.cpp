@@ -3,11 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <vector>
 
 #include "fmx/Exceptions.h"
 #include "fmx/NullCanvas.h"
 #include "fmx/RecordingCanvas.h"
 #include "fmx/Services.h"
+#include "runtime/VirtualClassGenerator.h"
 
 namespace {
 
@@ -108,23 +110,15 @@ void CountingEnd(fmx::TCanvas& canvas) {
   --depth;
 }
 
-// Its own functions stand in the two slots; everything else is inherited.
-class TCountingCanvas : public TRecordingCanvas {
- public:
-  static constexpr int SlotCount = TRecordingCanvas::SlotCount;
-  static orv::TClass Class() {
-    return orv::CompiledClass<TCountingCanvas, TRecordingCanvas, orv::FillNew<TSlots::Create, TCountingCanvas>,
-                              orv::Fill<TSlots::DoBeginScene, &CountingBegin>,
-                              orv::Fill<TSlots::DoEndScene, &CountingEnd>>("tests.Canvas", "TCountingCanvas");
-  }
-  using TRecordingCanvas::TRecordingCanvas;
-};
-
-TEST_F(CanvasManager, AClassWithItsOwnScenesBracketsThoseOfEveryCanvas) {
+TEST_F(CanvasManager, AClassMadeAtRunTimeBracketsTheScenesOfEveryCanvas) {
   const orv::TClass parent = TRecordingCanvas::Class();
   keptBegin = orv::TVmt::GetVMT(parent)->GetMethod(TSlots::DoBeginScene::Number);
   keptEnd = orv::TVmt::GetVMT(parent)->GetMethod(TSlots::DoEndScene::Number);
-  const orv::TClass made = TCountingCanvas::Class();
+  const std::vector<orv::TVirtualClassGenerator::TOverrideMethodInfo> overrides{
+      {TSlots::DoBeginScene::Number, orv::AddressOf<TSlots::DoBeginScene>(&CountingBegin)},
+      {TSlots::DoEndScene::Number, orv::AddressOf<TSlots::DoEndScene>(&CountingEnd)}};
+  const orv::TClass made =
+      orv::TVirtualClassGenerator::CreateNewClass(parent, u"tests.Canvas", u"TRecordingCanvas", overrides);
   TCanvasManager::RegisterCanvas(made, true, false);
   fmx::TBitmap first(4, 4);
   fmx::TBitmap second(4, 4);

@@ -5,13 +5,14 @@
 #include <limits>
 #include <memory>
 #include <stdexcept>
-#include <typeinfo>
+#include <vector>
 
 #include "fmx/CanvasManager.h"
 #include "fmx/Exceptions.h"
 #include "fmx/NullCanvas.h"
 #include "fmx/RecordingCanvas.h"
 #include "fmx/TextLayoutManager.h"
+#include "runtime/VirtualClassGenerator.h"
 
 namespace {
 
@@ -205,30 +206,38 @@ TEST(TextLayout, TheSlotsStandInTheirOrder) {
   EXPECT_EQ(TTextLayout::New(TCountingLayout::Class())->ClassName(), "TCountingLayout");
 }
 
-// A layout class whose render is wrapped by a function in its slot.
+// A layout class made at run time, whose render calls the one that stood in the slot.
 int wrapped = 0;
+orv::TMethodAddress keptRender = nullptr;
+using TRender = TTextLayout::TSlots::DoRenderLayout;
+
 void CountAndRender(TTextLayout& layout) {
   ++wrapped;
-  orv::Record(TCountingLayout::Class()).Slot<TTextLayout::TSlots::DoRenderLayout>()(layout);
+  layout.StoreRightToLeft(!layout.Text().empty());
+  orv::MethodAs<TRender>(keptRender)(layout);
 }
 
-class TWrappedLayout : public TCountingLayout {
- public:
-  static constexpr int SlotCount = TCountingLayout::SlotCount;
-  static orv::TClass Class() {
-    return orv::CompiledClass<TWrappedLayout, TCountingLayout,
-                              orv::FillNew<TTextLayout::TSlots::Create, TWrappedLayout>,
-                              orv::Fill<TTextLayout::TSlots::DoRenderLayout, &CountAndRender>>("tests.Layout",
-                                                                                               "TWrappedLayout");
-  }
-  using TCountingLayout::TCountingLayout;
-};
+orv::TClass WrappedClass() {
+  static const orv::TClass made = [] {
+    const orv::TClass parent = TCountingLayout::Class();
+    keptRender = orv::TVmt::GetVMT(parent)->GetMethod(TRender::Number);
+    const std::vector<orv::TVirtualClassGenerator::TOverrideMethodInfo> overrides{
+        {TRender::Number, orv::AddressOf<TRender>(&CountAndRender)}};
+    return orv::TVirtualClassGenerator::CreateNewClass(parent, u"tests.Layout", u"TCountingLayoutOrv", overrides);
+  }();
+  return made;
+}
 
-TEST(TextLayout, WhatStandsInASlotIsCalledAndMayCallWhatStoodThere) {
-  const auto layout = TTextLayout::New(TWrappedLayout::Class());
+TEST(TextLayout, AClassMadeAtRunTimeWrapsTheRenderOfItsObjects) {
+  const auto layout = TTextLayout::New(WrappedClass());
+  EXPECT_EQ(layout->ClassName(), "TCountingLayoutOrv");
   layout->SetText(u"a");
   EXPECT_EQ(wrapped, 1);
+  EXPECT_TRUE(layout->RightToLeft());
   EXPECT_EQ(static_cast<TCountingLayout&>(*layout).Renders, 1);
+  TCountingLayout plain;
+  plain.SetText(u"a");
+  EXPECT_EQ(wrapped, 1);
 }
 
 class TextLayoutManager : public testing::Test {
@@ -245,11 +254,11 @@ TEST_F(TextLayoutManager, FindsTheLayoutOfTheNearestAncestor) {
   EXPECT_EQ(TTextLayoutManager::TextLayoutByCanvas(nullptr), nullptr);
   TTextLayoutManager::RegisterTextLayout(TCountingLayout::Class(), fmx::TCustomCanvasGpu::Class());
   EXPECT_EQ(TTextLayoutManager::TextLayoutByCanvas(fmx::TNullCanvas::Class()), TCountingLayout::Class());
-  TTextLayoutManager::RegisterTextLayout(TWrappedLayout::Class(), fmx::TNullCanvas::Class());
-  EXPECT_EQ(TTextLayoutManager::TextLayoutByCanvas(fmx::TNullCanvas::Class()), TWrappedLayout::Class());
+  TTextLayoutManager::RegisterTextLayout(WrappedClass(), fmx::TNullCanvas::Class());
+  EXPECT_EQ(TTextLayoutManager::TextLayoutByCanvas(fmx::TNullCanvas::Class()), WrappedClass());
   EXPECT_EQ(TTextLayoutManager::TextLayoutByCanvas(fmx::TRecordingCanvas::Class()), TCountingLayout::Class());
   TTextLayoutManager::RegisterTextLayout(TCountingLayout::Class(), fmx::TNullCanvas::Class());
-  EXPECT_EQ(TTextLayoutManager::TextLayoutByCanvas(fmx::TNullCanvas::Class()), TWrappedLayout::Class())
+  EXPECT_EQ(TTextLayoutManager::TextLayoutByCanvas(fmx::TNullCanvas::Class()), WrappedClass())
       << "the first stays in force";
   TTextLayoutManager::UnInitialize();
   EXPECT_EQ(TTextLayoutManager::TextLayoutByCanvas(fmx::TNullCanvas::Class()), nullptr);

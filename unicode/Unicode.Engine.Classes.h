@@ -68,11 +68,12 @@ inline constexpr std::array<TUnitClass::TBit, 3> StretchBits{TUnitClass::PlainLT
                                                              TUnitClass::PlainLTRLetters};
 
 // Those bits of the units of four pages of 256: by the low four bits of a unit, eight answers for the lower half of the
-// page and eight for the upper half, the lowest for the lowest of the next four bits.
+// page and eight for the upper half, the lowest for the lowest of the next four bits. Left-to-right text has need of
+// the first two pages only.
 struct TPageBits {
   std::array<std::uint8_t, 16> Lower, Upper;
 };
-inline constexpr std::array<std::uint8_t, 4> TablePages{0x00, 0x05, 0x06, 0x20};
+inline constexpr std::array<std::uint8_t, 4> TablePages{0x00, 0x20, 0x05, 0x06};
 extern const std::array<std::array<TPageBits, 4>, 3> StretchPages;
 
 // The class word of each of the 65,536 code units.

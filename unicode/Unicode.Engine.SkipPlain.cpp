@@ -66,7 +66,8 @@ std::int32_t SkipPlainPortable(const char16_t* text, std::int32_t from, std::int
 
 namespace {
 
-// Thirty-two units by the page tables. A unit of another page is not plain here.
+// Thirty-two units by the first page tables. A unit of another page is not plain here.
+template <std::size_t PageCount>
 struct TPageGroup {
   static constexpr std::int32_t Count = 32;
 
@@ -84,7 +85,7 @@ struct TPageGroup {
                                              1, 2, 4, 8, 16, 32, 64, -128, 1, 2, 4, 8, 16, 32, 64, -128);
     const __m256i rowBit = _mm256_shuffle_epi8(rowBits, row);
     __m256i answers = _mm256_setzero_si256();
-    for (std::size_t i = 0; i < pages.size(); ++i) {
+    for (std::size_t i = 0; i < PageCount; ++i) {
       const __m256i lower = _mm256_shuffle_epi8(Table(pages[i].Lower), column);
       const __m256i upper = _mm256_shuffle_epi8(Table(pages[i].Upper), column);
       const __m256i onPage = _mm256_cmpeq_epi8(page, _mm256_set1_epi8(static_cast<char>(TablePages[i])));
@@ -101,20 +102,25 @@ struct TPageGroup {
   }
 };
 
-}  // namespace
-
-[[gnu::target("avx2")]] std::int32_t SkipPlainFast(const char16_t* text, std::int32_t from, std::int32_t end,
-                                                   TStretchBit bit) {
-  constexpr std::int32_t count = TPageGroup::Count;
+template <std::size_t PageCount>
+[[gnu::target("avx2")]] std::int32_t SkipByPages(const char16_t* text, std::int32_t from, std::int32_t end,
+                                                 TStretchBit bit) {
+  using TGroup = TPageGroup<PageCount>;
   const auto& pages = StretchPages[static_cast<std::size_t>(bit)];
-  for (; end - from >= count; from += count) {
-    const int plain = std::countr_one(TPageGroup::Plain(text + from, pages));
-    if (plain == count) continue;
+  for (; end - from >= TGroup::Count; from += TGroup::Count) {
+    const int plain = std::countr_one(TGroup::Plain(text + from, pages));
+    if (plain == TGroup::Count) continue;
     from += plain;
     if (!ClassOf(text[from]).Has(StretchBits[static_cast<std::size_t>(bit)])) return from;
     break;  // a unit of another page, which is rarely a single one
   }
   return SkipPlainPortable(text, from, end, bit);
+}
+
+}  // namespace
+
+std::int32_t SkipPlainFast(const char16_t* text, std::int32_t from, std::int32_t end, TStretchBit bit) {
+  return bit == TStretchBit::RTL ? SkipByPages<4>(text, from, end, bit) : SkipByPages<2>(text, from, end, bit);
 }
 
 bool HasFastSkip() {

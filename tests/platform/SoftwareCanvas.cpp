@@ -11,6 +11,8 @@
 #include <numbers>
 
 #include "fmx/CanvasManager.h"
+#include "fmx/FixedGlyphs.h"
+#include "fmx/FontGlyphManager.h"
 #include "fmx/NullCanvas.h"
 #include "fmx/RecordingCanvas.h"
 #include "fmx/TextLayoutManager.h"
@@ -423,6 +425,24 @@ TEST_F(SoftwareCanvas, TheCardIsOneQuadALetter) {
 TEST_F(SoftwareCanvas, PicturesComeBackFromTheirFrames) {
   const TFrame frame = FrameOf(Card(1));
   EXPECT_EQ(SurfaceOf(frame), Card(1));
+}
+
+// By the plain layout that the service registers, with glyphs of fixed sizes: 10 by 20 units each, in the fill colour.
+TEST_F(SoftwareCanvas, TextReachesThePixels) {
+  TFixedGlyphs::Register();
+  for (const float scale : {1.0F, 2.0F}) {
+    const auto surface = Drawn(
+        static_cast<std::int32_t>(40 * scale), static_cast<std::int32_t>(30 * scale),
+        [](TCanvas& canvas) {
+          canvas.Fill().SetColor(0xFF3366CC);
+          canvas.FillText({5, 5, 40, 25}, u"ab", false, 1, TTextAlign::Leading, TTextAlign::Leading);
+        },
+        scale);
+    EXPECT_NEAR(Area(surface), 2 * 10 * 20 * double{scale} * double{scale}, 0.01) << scale;
+    EXPECT_EQ(At(surface, static_cast<int>(24 * scale), static_cast<int>(24 * scale)), 0xFF3366CC) << scale;
+    EXPECT_EQ(At(surface, static_cast<int>(26 * scale), static_cast<int>(24 * scale)), 0U) << scale;
+  }
+  TFontGlyphManager::RegisterBackEnd({});
 }
 
 // --- Arguments out of any range ---

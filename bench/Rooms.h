@@ -13,5 +13,6 @@ void RegisterHtml();         // markup_html.cpp
 void RegisterRtf();          // markup_rtf.cpp
 void RegisterBinPack();      // fmx_BinPack.cpp
 void RegisterDispatch();     // runtime_Dispatch.cpp
+void RegisterQuads();        // platform_Quads.cpp
 
 }  // namespace orv::bench

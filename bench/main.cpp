@@ -28,6 +28,7 @@ int main(int argc, char** argv) {
   orv::bench::RegisterHtml();
   orv::bench::RegisterRtf();
   orv::bench::RegisterDispatch();
+  orv::bench::RegisterQuads();
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();
 }

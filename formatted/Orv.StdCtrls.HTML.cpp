@@ -1,10 +1,13 @@
 #include "formatted/Orv.StdCtrls.HTML.h"
 
 #include <algorithm>
+#include <array>
+#include <cstring>
 #include <limits>
 #include <utility>
 #include <vector>
 
+#include "formatted/Orv.StdCtrls.Names.h"
 #include "rtl/TextSearch.h"
 
 namespace orv {
@@ -51,15 +54,33 @@ THTMLText::THTMLTags THTMLText::THTMLTag::Children() const {
   return {THTMLTag(FData, FIndex + 1), THTMLTag(FData, Node().End)};
 }
 
+namespace {
+
+// Copies count units of source, from that offset on, to the start of target. Most pieces are short. Where both sides
+// have room, a block of fixed size is copied instead, which costs less than a copy of any length; what comes behind the
+// piece in target is then overwritten by the next one.
+void CopyPiece(std::span<char16_t> target, std::u16string_view source, std::size_t offset, std::size_t count) {
+  constexpr std::size_t Block = 16;
+  if (count <= Block && target.size() >= Block && source.size() - offset >= Block)
+    std::memcpy(target.data(), source.data() + offset, Block * sizeof(char16_t));
+  else
+    std::copy_n(source.data() + offset, count, target.data());
+}
+
+}  // namespace
+
 UnicodeString THTMLText::THTMLTag::Text() const {
   const auto subtree = std::span(FData->Nodes).subspan(FIndex, Node().End - FIndex);
   std::size_t length = 0;
   for (const TNode& node : subtree)
     if (node.Type == TTagType::InnerText) length += node.Count;
   UnicodeString text(length, u'\0');
-  auto place = text.begin();
-  for (const TNode& node : subtree)
-    if (node.Type == TTagType::InnerText) place = std::ranges::copy(FData->TextOf(node), place).out;
+  std::size_t place = 0;
+  for (const TNode& node : subtree) {
+    if (node.Type != TTagType::InnerText) continue;
+    CopyPiece(std::span(text).subspan(place), FData->Text, node.First, node.Count);
+    place += node.Count;
+  }
   return text;
 }
 
@@ -86,6 +107,23 @@ THTMLText::THTMLTag THTMLText::THTMLTree::Root() const {
 }
 
 // --- The parser ---
+
+namespace {
+
+struct TTagName {
+  std::u16string_view Name;
+  TTagType Type;
+};
+
+constexpr std::size_t TagCount = THTMLText::THTMLTag::TagNames.size();
+
+constexpr markup::TNameTable<TTagName, TagCount> TagTypes([] {
+  std::array<TTagName, TagCount> names{};
+  for (std::size_t i = 0; i < TagCount; ++i) names[i] = {THTMLText::THTMLTag::TagNames[i], static_cast<TTagType>(i)};
+  return names;
+}());
+
+}  // namespace
 
 // One pass over the text with a stack of the open tags. Every character belongs to one tag or one stretch of text, so
 // the pass is linear, and depth costs four bytes a level.
@@ -117,15 +155,23 @@ class THTMLText::TParser {
   // Every tag begins with a "<" and has at most one text before it; every attribute has two quotes. Room is made once
   // for as many, but for no more than likely, so that a hostile text claims no memory that it does not fill.
   void Reserve() {
-    std::size_t tags = 0;
-    std::size_t quotes = 0;
-    for (const char16_t c : FData.Text) {
-      tags += c == u'<' ? 1 : 0;
-      quotes += c == u'"' ? 1 : 0;
-    }
+    const std::size_t tags = CountOf(FData.Text, u'<');
+    const std::size_t quotes = CountOf(FData.Text, u'"');
     const std::size_t likely = FData.Text.size() / 8;
     FData.Nodes.reserve(std::min(2 * tags, likely) + 2);
     FData.Params.reserve(std::min(quotes / 2, likely));
+  }
+
+  // Counted in words of 16 bits, block by block, so that the compiler makes it a vector loop over whole vectors.
+  static std::size_t CountOf(std::u16string_view text, char16_t unit) {
+    constexpr std::size_t Block = 0x8000;
+    std::size_t count = 0;
+    for (; !text.empty(); text.remove_prefix(std::min(Block, text.size()))) {
+      std::uint16_t here = 0;
+      for (const char16_t c : text.substr(0, Block)) here = static_cast<std::uint16_t>(here + (c == unit ? 1 : 0));
+      count += here;
+    }
+    return count;
   }
 
   bool AtTop() const { return FOpen.size() == 1; }
@@ -178,9 +224,9 @@ class THTMLText::TParser {
 
   // A name may go on behind the part that decides it; the attributes begin where it ends.
   TTagType ReadTagName() {
-    const auto index = FReader.ReadEnumIndex(THTMLTag::TagNames);
+    const TTagName* name = TagTypes.Find(FReader.Rest());
     FReader.SkipWhile([](char16_t c) { return !IsBlank(c) && !IsLineBreak(c) && c != u'/' && c != u'=' && c != u'"'; });
-    return index ? static_cast<TTagType>(*index) : TTagType::Undefined;
+    return name != nullptr ? name->Type : TTagType::Undefined;
   }
 
   // An attribute for every "=" up to the limit that no quoted value holds. What stands behind the last is not looked

@@ -64,18 +64,6 @@ void TMarkupTextReader<TUnit>::RestoreState(TMarkupText::TReaderState state) {
 }
 
 template <typename TUnit>
-std::ptrdiff_t TMarkupTextReader<TUnit>::Negated(std::ptrdiff_t count) {
-  return count == std::numeric_limits<std::ptrdiff_t>::min() ? std::numeric_limits<std::ptrdiff_t>::max() : -count;
-}
-
-template <typename TUnit>
-void TMarkupTextReader<TUnit>::MoveBy(std::ptrdiff_t count) {
-  const std::ptrdiff_t low = Forward() ? 0 : -1;
-  const std::ptrdiff_t from = std::clamp(FState.Position, low, FEnd);
-  FState.Position = from + std::clamp(count, low - from, FEnd - from);
-}
-
-template <typename TUnit>
 std::ptrdiff_t TMarkupTextReader<TUnit>::DecodedLength(std::ptrdiff_t p) const {
   if constexpr (sizeof(TUnit) == 1) {
     const TView limited = FView.substr(0, static_cast<std::size_t>(FEnd));
@@ -196,8 +184,7 @@ std::optional<char16_t> TMarkupTextReader<TUnit>::FindAny(TCharSet set, bool ski
 // --- Numbers ---
 
 template <typename TUnit>
-std::optional<std::int32_t> TMarkupTextReader<TUnit>::ReadIntegerStill() const {
-  const TView digits = Stretch(FState.Position, ClosingDigits());
+std::optional<std::int32_t> TMarkupTextReader<TUnit>::IntegerOf(TView digits) {
   if (digits.empty()) return std::nullopt;
   std::int64_t value = 0;
   for (const TUnit digit : digits) {
@@ -208,9 +195,15 @@ std::optional<std::int32_t> TMarkupTextReader<TUnit>::ReadIntegerStill() const {
 }
 
 template <typename TUnit>
+std::optional<std::int32_t> TMarkupTextReader<TUnit>::ReadIntegerStill() const {
+  return IntegerOf(Stretch(FState.Position, ClosingDigits()));
+}
+
+template <typename TUnit>
 std::optional<std::int32_t> TMarkupTextReader<TUnit>::ReadInteger() {
-  const auto value = ReadIntegerStill();
-  if (value) SkipDigits();
+  const std::ptrdiff_t behind = ClosingDigits();
+  const auto value = IntegerOf(Stretch(FState.Position, behind));
+  if (value) FState.Position = behind;
   return value;
 }
 

@@ -247,8 +247,12 @@ class TMarkupTextReader {
   bool Forward() const { return FState.Direction == TDirection::Forward; }
   bool EndAt(std::ptrdiff_t p) const { return Forward() ? p >= FEnd : p < 0; }
   bool Inside(std::ptrdiff_t p) const { return p >= 0 && p < FEnd; }
-  static std::ptrdiff_t Negated(std::ptrdiff_t count);
-  void MoveBy(std::ptrdiff_t count);
+  static std::ptrdiff_t Negated(std::ptrdiff_t count) { return count == PTRDIFF_MIN ? PTRDIFF_MAX : -count; }
+  void MoveBy(std::ptrdiff_t count) {
+    const std::ptrdiff_t low = Forward() ? 0 : -1;
+    const std::ptrdiff_t from = std::clamp(FState.Position, low, FEnd);
+    FState.Position = from + std::clamp(count, low - from, FEnd - from);
+  }
 
   // Of the character at place p inside the text: its first UTF-16 unit, and its length in the source.
   char16_t CharAt(std::ptrdiff_t p) const {
@@ -302,6 +306,7 @@ class TMarkupTextReader {
   }
   TView Take(std::ptrdiff_t to) { return Stretch(std::exchange(FState.Position, to), to); }
   static UnicodeString TextOf(TView stretch);
+  static std::optional<std::int32_t> IntegerOf(TView digits);
   static std::uint32_t HexValue(TView digits);
   std::optional<std::uint32_t> TakeHex(int count);
 

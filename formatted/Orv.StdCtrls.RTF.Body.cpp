@@ -1,5 +1,8 @@
+#include <algorithm>
+#include <array>
 #include <utility>
 
+#include "formatted/Orv.StdCtrls.Names.h"
 #include "formatted/Orv.StdCtrls.RTF.Parts.h"
 #include "rtl/CodePages.h"
 #include "rtl/TextSearch.h"
@@ -19,11 +22,11 @@ template <typename TUnit>
 class TBody {
  public:
   TBody(TMarkupTextReader<TUnit>& reader, TRTFData& data)
-      : FReader(reader), FData(data), FCurrent(StartAttributes(data)) {}
+      : FReader(reader), FData(data), FSourceSize(reader.Rest().size()), FCurrent(StartAttributes(data)) {}
 
   void Read() {
     // Most text is written with four units of the source for each of its own, and none with less than one.
-    FData.FText.reserve(FReader.Rest().size() / 4);
+    FData.FText.reserve(FSourceSize / 4);
     for (;;) {
       ReadStretch();
       if (FReader.Eof()) throw EParseError(SBadRTFFormat);
@@ -40,12 +43,17 @@ class TBody {
   }
 
  private:
+  using TView = std::basic_string_view<TUnit>;
   using TReading = void (TBody::*)();
 
+  // A control word, and whether it counts only with a digit behind it.
   struct TWord {
-    std::u16string_view Word;
+    std::u16string_view Name;
     TReading Read;
+    bool NeedsDigit = false;
   };
+  template <std::size_t Count>
+  using TWords = markup::TNameTable<TWord, Count>;
 
   // Groups that opened one inside the other with the same attributes.
   struct TGroups {
@@ -69,7 +77,20 @@ class TBody {
     FRangeStart = FData.FText.size();
     TRTFText::TRTFTextRange range{FCurrent, {}, std::exchange(FNewParagraph, false)};
     range.Range = {static_cast<std::int32_t>(start), static_cast<std::int32_t>(FRangeStart - start)};
+    if (FData.Ranges.size() == FData.Ranges.capacity()) MakeRoomForRanges();
     FData.Ranges.push_back(range);
+  }
+
+  // Most documents go on as they begin. Room is made for as many ranges as the rest promises, so that they are moved
+  // twice or three times rather than with every doubling; at most eightfold, so that a document that promises too much
+  // claims little.
+  void MakeRoomForRanges() {
+    constexpr std::size_t Few = 64, Most = 8;
+    const std::size_t count = FData.Ranges.size();
+    const double left = static_cast<double>(FReader.Rest().size()) / static_cast<double>(FSourceSize + 1);
+    const double promised = static_cast<double>(count) / (1.0 - left) * 1.05;
+    const auto most = static_cast<double>(count * Most);
+    FData.Ranges.reserve(std::max(count * 2, static_cast<std::size_t>(std::min(promised, most))) + Few);
   }
 
   void SetAttributes(const TAttributes& attributes) {
@@ -115,16 +136,17 @@ class TBody {
 
   // Every brace counts, also one behind a backslash.
   void SkipGroup() {
+    constexpr rtl::TFourUnits<TUnit> Braces = {'{', '}', '{', '}'};
     for (std::size_t depth = 1; depth > 0;) {
-      const auto brace = FReader.FindAny(u"{}", true);
-      if (!brace) throw EParseError(SUnexpectedEndOfRTFData);
-      *brace == u'{' ? ++depth : --depth;
+      const TView rest = FReader.Rest();
+      const std::size_t place = rtl::FindAnyUnit(rest, Braces);
+      if (place == rest.size()) throw EParseError(SUnexpectedEndOfRTFData);
+      rest[place] == '{' ? ++depth : --depth;
+      FReader.Skip(static_cast<std::ptrdiff_t>(place + 1));
     }
   }
 
   // --- Text ---
-
-  using TView = std::basic_string_view<TUnit>;
 
   static bool IsSign(TUnit c) { return c == '\\' || c == '{' || c == '}' || c == '\r'; }
 
@@ -151,11 +173,31 @@ class TBody {
       return 1;
     }
     const std::size_t length = 1 + rtl::FindAnyUnit(rest.substr(1), Signs);
-    if constexpr (sizeof(TUnit) == 1)
-      rtl::AppendUtf16(FData.FText, rest.substr(0, length));
-    else
-      FData.FText.append(rest.substr(0, length));
+    AppendPlain(rest, length);
     return length;
+  }
+
+  void AppendPlain(TView rest, std::size_t length) {
+    if constexpr (sizeof(TUnit) > 1) {
+      FData.FText.append(rest.substr(0, length));
+    } else if (!AppendBlock(rest, length)) {
+      rtl::AppendUtf16(FData.FText, rest.substr(0, length));
+    }
+  }
+
+  // Most stretches are short. A block of fixed size is widened at once, and as much of it taken as the stretch has;
+  // false where there is no such block of ASCII.
+  bool AppendBlock(std::string_view rest, std::size_t length) {
+    constexpr std::size_t Block = 16;
+    if (length > Block || rest.size() < Block) return false;
+    std::array<char16_t, Block> units;
+    char16_t seen = 0;
+    for (std::size_t i = 0; i < Block; ++i) {
+      units[i] = static_cast<unsigned char>(rest[i]);
+      seen = static_cast<char16_t>(seen | units[i]);
+    }
+    if (seen < 0x80) FData.FText.append(units.data(), length);
+    return seen < 0x80;
   }
 
   // The forms behind a backslash that stand for one code unit each. Answers the units of the source they take, or 0 for
@@ -219,20 +261,40 @@ class TBody {
 
   // The first word in this order that begins the text decides, so "\bullet" is "\b" and the text "ullet".
   void ReadWord() {
-    static constexpr TWord Words[] = {
-        {u"pard", &TBody::ReadParagraphHeader}, {u"b0", &TBody::ClearBold},      {u"b", &TBody::SetBold},
-        {u"i0", &TBody::ClearItalic},           {u"i", &TBody::SetItalic},       {u"ulnone", &TBody::ClearUnderline},
-        {u"ul", &TBody::SetUnderline},          {u"cf", &TBody::ReadColorIndex}, {u"fs", &TBody::ReadFontSize},
-        {u"lang", &TBody::ReadLanguage},        {u"qr", &TBody::AlignTrailing},  {u"qc", &TBody::AlignCenter},
-        {u"fi", &TBody::SkipFirstLineIndent},   {u"li", &TBody::ReadListIndent}, {u"tab", &TBody::AppendTab},
+    static constexpr TWords<17> Words(std::array<TWord, 17>{{
+        {u"pard", &TBody::ReadParagraphHeader},
+        {u"b0", &TBody::ClearBold},
+        {u"b", &TBody::SetBold},
+        {u"i0", &TBody::ClearItalic},
+        {u"i", &TBody::SetItalic},
+        {u"ulnone", &TBody::ClearUnderline},
+        {u"ul", &TBody::SetUnderline},
+        {u"cf", &TBody::ReadColorIndex},
+        {u"fs", &TBody::ReadFontSize},
+        {u"lang", &TBody::ReadLanguage},
+        {u"qr", &TBody::AlignTrailing},
+        {u"qc", &TBody::AlignCenter},
+        {u"fi", &TBody::SkipFirstLineIndent},
+        {u"f", &TBody::ReadFontIndex, true},
+        {u"li", &TBody::ReadListIndent},
+        {u"tab", &TBody::AppendTab},
         {u"par", &TBody::EndParagraph},
-    };
+    }});
     // A stretch ends at this sign only where no two digits follow, so this raises.
     if (FReader.ReadToken(u'\'')) FReader.HexByte();
-    const char16_t first = FReader.Token();
-    for (const TWord& word : Words)
-      if (word.Word.front() == first && FReader.Read(word.Word)) return (this->*word.Read)();
-    if (!ReadFontIndexWord(u"f")) SkipWord();
+    const TWord* word = FindWord(Words, FReader.Rest());
+    if (word == nullptr) return SkipWord();
+    FReader.Skip(static_cast<std::ptrdiff_t>(word->Name.size()));
+    (this->*word->Read)();
+  }
+
+  // The word that the text begins with, if it does not end right at the limit.
+  template <std::size_t Count>
+  static const TWord* FindWord(const TWords<Count>& words, TView text) {
+    const TWord* word = words.Find(text.substr(0, text.size() - (text.empty() ? 0 : 1)));
+    const bool counts =
+        word != nullptr && (!word->NeedsDigit || IsDecimalDigit(static_cast<char16_t>(text[word->Name.size()])));
+    return counts ? word : nullptr;
   }
 
   // One blank behind a word belongs to it.
@@ -252,6 +314,7 @@ class TBody {
   void AlignTrailing() { EndSetting(&TAttributes::Align, TTextAlign::Trailing); }
   void AlignCenter() { EndSetting(&TAttributes::Align, TTextAlign::Center); }
   void ReadColorIndex() { EndSetting(&TAttributes::ColorIndex, FReader.Integer()); }
+  void ReadFontIndex() { EndSetting(&TAttributes::FontIndex, FReader.Integer()); }
   void ReadFontSize() { EndSetting(&TAttributes::FontSize, FReader.Integer() / 2); }
   void ReadListIndent() { EndSetting(&TAttributes::ListIndent, FReader.Integer()); }
   template <typename TValue>
@@ -269,18 +332,6 @@ class TBody {
     FReader.ReadToken(u'-');
     FReader.Integer();
     EndWord();
-  }
-
-  // Only with a digit behind it: words that begin with an f are many.
-  bool ReadFontIndexWord(std::u16string_view word) {
-    const std::ptrdiff_t start = FReader.SavePosition();
-    if (!FReader.Read(word)) return false;
-    if (!IsDecimalDigit(FReader.Token())) {
-      FReader.RestorePosition(start);
-      return false;
-    }
-    EndSetting(&TAttributes::FontIndex, FReader.Integer());
-    return true;
   }
 
   void AppendTab() {
@@ -318,33 +369,36 @@ class TBody {
   }
 
   bool ReadParagraphWord() {
-    if (FReader.Read(u"\\ltrpar")) {
-      EndSetting(&TAttributes::RTL, false);
-    } else if (FReader.Read(u"\\rtlpar")) {
-      EndSetting(&TAttributes::RTL, true);
-    } else if (FReader.Read(u"\\sa")) {
-      SkipNumber();
-    } else if (FReader.Read(u"\\sl")) {
-      if (!IsDecimalDigit(FReader.Token())) FReader.Read(u"mult");
-      SkipNumber();
-    } else if (FReader.Read(u"\\qr")) {
-      AlignTrailing();
-    } else if (FReader.Read(u"\\qc")) {
-      AlignCenter();
-    } else if (FReader.Read(u"\\cf")) {
-      ReadColorIndex();
-    } else if (ReadFontIndexWord(u"\\f")) {
-      return true;
-    } else if (FReader.Read(u"\\fs")) {
-      ReadFontSize();
-    } else if (FReader.Read(u"\\rtlch")) {
-      EndSetting(&TAttributes::RTLCh, true);
-    } else if (FReader.Read(u"\\lang")) {
-      ReadLanguage();
-    } else {
-      return false;
-    }
+    static constexpr TWords<11> Words(std::array<TWord, 11>{{
+        {u"ltrpar", &TBody::SetLeftToRight},
+        {u"rtlpar", &TBody::SetRightToLeft},
+        {u"sa", &TBody::SkipNumber},
+        {u"sl", &TBody::SkipLineSpacing},
+        {u"qr", &TBody::AlignTrailing},
+        {u"qc", &TBody::AlignCenter},
+        {u"cf", &TBody::ReadColorIndex},
+        {u"fs", &TBody::ReadFontSize},
+        {u"f", &TBody::ReadFontIndex, true},
+        {u"rtlch", &TBody::SetRightToLeftCharacters},
+        {u"lang", &TBody::ReadLanguage},
+    }});
+    const TView rest = FReader.Rest();
+    if (rest.empty() || rest[0] != '\\') return false;
+    const TWord* word = FindWord(Words, rest.substr(1));
+    if (word == nullptr) return false;
+    FReader.Skip(static_cast<std::ptrdiff_t>(1 + word->Name.size()));
+    (this->*word->Read)();
     return true;
+  }
+
+  void SetLeftToRight() { EndSetting(&TAttributes::RTL, false); }
+  void SetRightToLeft() { EndSetting(&TAttributes::RTL, true); }
+  void SetRightToLeftCharacters() { EndSetting(&TAttributes::RTLCh, true); }
+
+  // "\slmult" has a number of its own.
+  void SkipLineSpacing() {
+    if (!IsDecimalDigit(FReader.Token())) FReader.Read(u"mult");
+    SkipNumber();
   }
 
   void SkipNumber() {
@@ -354,6 +408,7 @@ class TBody {
 
   TMarkupTextReader<TUnit>& FReader;
   TRTFData& FData;
+  const std::size_t FSourceSize;
   TAttributes FCurrent;
   std::vector<TGroups> FGroups;
   std::size_t FRangeStart = 0;

@@ -22,12 +22,12 @@ const FcChar8* Chars(const std::string& s) {
   return reinterpret_cast<const FcChar8*>(s.c_str());
 }
 
-TPattern Request(FcConfig* config, const std::string& family, bool bold) {
+TPattern Request(FcConfig* config, const std::string& family, bool bold, bool italic) {
   TPattern pattern(FcPatternCreate());
   if (pattern == nullptr) throw EFontError("fontconfig is out of memory");
   FcPatternAddString(pattern.get(), FC_FAMILY, Chars(family));
   FcPatternAddInteger(pattern.get(), FC_WEIGHT, bold ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR);
-  FcPatternAddInteger(pattern.get(), FC_SLANT, FC_SLANT_ROMAN);
+  FcPatternAddInteger(pattern.get(), FC_SLANT, italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
   FcPatternAddBool(pattern.get(), FC_OUTLINE, FcTrue);
   FcConfigSubstitute(config, pattern.get(), FcMatchPattern);
   FcDefaultSubstitute(pattern.get());
@@ -78,8 +78,8 @@ TFontCatalog::~TFontCatalog() = default;
 TFontCatalog::TFontCatalog(TFontCatalog&&) noexcept = default;
 TFontCatalog& TFontCatalog::operator=(TFontCatalog&&) noexcept = default;
 
-std::optional<TFontFile> TFontCatalog::Find(const std::string& family, bool bold) const {
-  const TPattern request = Request(FState->Config.get(), family, bold);
+std::optional<TFontFile> TFontCatalog::Find(const std::string& family, bool bold, bool italic) const {
+  const TPattern request = Request(FState->Config.get(), family, bold, italic);
   FcResult result = FcResultNoMatch;
   const TPattern found(FcFontMatch(FState->Config.get(), request.get(), &result));
   if (found == nullptr || !IsOutline(found.get())) return std::nullopt;
@@ -88,7 +88,7 @@ std::optional<TFontFile> TFontCatalog::Find(const std::string& family, bool bold
 }
 
 std::vector<TFontFile> TFontCatalog::Nearest(const std::string& family, bool bold) const {
-  const TPattern request = Request(FState->Config.get(), family, bold);
+  const TPattern request = Request(FState->Config.get(), family, bold, false);
   FcResult result = FcResultNoMatch;
   const TFontSet fonts(FcFontSort(FState->Config.get(), request.get(), FcTrue, nullptr, &result));
   std::vector<TFontFile> files;

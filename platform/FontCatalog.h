@@ -26,9 +26,10 @@ class TFontCatalog {
   TFontCatalog(TFontCatalog&&) noexcept;
   TFontCatalog& operator=(TFontCatalog&&) noexcept;
 
-  // The face of that family, upright, with the nearest weight to regular or bold; nothing when no such family is
-  // installed. Letter case is ignored. "sans-serif", "serif" and "monospace" name what the system shows for them.
-  std::optional<TFontFile> Find(const std::string& family, bool bold) const;
+  // The face of that family, upright or, where asked and there is one, slanted, with the nearest weight to regular or
+  // bold; nothing when no such family is installed. Letter case is ignored. "sans-serif", "serif" and "monospace" name
+  // what the system shows for them.
+  std::optional<TFontFile> Find(const std::string& family, bool bold, bool italic = false) const;
 
   // Every outline font, nearest to the family first; fonts that add no character to those before them are left out.
   // Takes some milliseconds.

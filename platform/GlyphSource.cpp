@@ -11,6 +11,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "fmx/PathShapes.h"
 #include "platform/Exceptions.h"
 
 namespace orv::platform {
@@ -25,6 +26,8 @@ using TFace = std::unique_ptr<FT_FaceRec_, TRelease>;
 
 constexpr FT_Int32 LoadMode = FT_LOAD_NO_HINTING | FT_LOAD_NO_BITMAP;
 constexpr int TabBlanks = 4;
+// Rightward for each pixel upward, as 16.16 numbers: some twelve degrees, as slanted faces have.
+constexpr FT_Matrix Slant{0x10000, 0x3600, 0, 0x10000};
 
 // Inclusive ranges, in order.
 constexpr std::pair<std::uint32_t, std::uint32_t> InvisibleRanges[] = {
@@ -42,23 +45,28 @@ constexpr std::pair<std::uint32_t, std::uint32_t> InvisibleRanges[] = {
 struct TFont {
   TFontFile File;
   TFace Face;
+  bool Slanted = false;  // it has no slant of its own
 };
 
-std::optional<TFont> OpenFont(FT_Library library, const TFontFile& file, double pixelSize) {
+std::optional<TFont> OpenFont(FT_Library library, const TFontFile& file, const TFontRequest& request) {
   FT_Face opened = nullptr;
   if (FT_New_Face(library, file.Path.c_str(), file.Index, &opened) != 0) return std::nullopt;
-  TFont font{file, TFace(opened)};
+  TFont font{file, TFace(opened), request.Italic && (opened->style_flags & FT_STYLE_FLAG_ITALIC) == 0};
   // At 72 dots per inch a point is a pixel; sizes are in 64ths.
-  if (FT_Set_Char_Size(opened, 0, static_cast<FT_F26Dot6>(std::lround(pixelSize * 64)), 72, 72) != 0)
+  if (FT_Set_Char_Size(opened, 0, static_cast<FT_F26Dot6>(std::lround(request.PixelSize * 64)), 72, 72) != 0)
     return std::nullopt;
   return font;
+}
+
+int BoxStroke(double pixelSize) {
+  return std::max(1, static_cast<int>(pixelSize / 16));
 }
 
 TGlyph Box(double pixelSize, int phase) {
   TGlyph box;
   box.Missing = true;
   box.Advance = static_cast<float>(pixelSize * 0.6);
-  const int stroke = std::max(1, static_cast<int>(pixelSize / 16));
+  const int stroke = BoxStroke(pixelSize);
   box.Width = std::max(3, static_cast<int>(pixelSize * 0.5));
   box.Height = std::max(4, static_cast<int>(pixelSize * 0.7));
   box.Left = static_cast<int>(std::floor((static_cast<double>(box.Advance) - box.Width) / 2 +
@@ -83,11 +91,17 @@ void CopyCoverage(const FT_Bitmap& bitmap, TGlyph& glyph) {
   }
 }
 
-// Nothing where the font's data for the glyph cannot be used.
-std::optional<TGlyph> Render(FT_Face face, FT_UInt index, int phase) {
-  if (FT_Load_Glyph(face, index, LoadMode) != 0) return std::nullopt;
-  const FT_GlyphSlot slot = face->glyph;
-  if (slot->format != FT_GLYPH_FORMAT_OUTLINE) return std::nullopt;
+// The glyph with its outline, in the face's only slot; null where the font's data for it cannot be used.
+FT_GlyphSlot Load(const TFont& font, FT_UInt index) {
+  FT_Face face = font.Face.get();
+  if (FT_Load_Glyph(face, index, LoadMode) != 0 || face->glyph->format != FT_GLYPH_FORMAT_OUTLINE) return nullptr;
+  if (font.Slanted) FT_Outline_Transform(&face->glyph->outline, &Slant);
+  return face->glyph;
+}
+
+std::optional<TGlyph> Render(const TFont& font, FT_UInt index, int phase) {
+  const FT_GlyphSlot slot = Load(font, index);
+  if (slot == nullptr) return std::nullopt;
   TGlyph glyph;
   glyph.Advance = static_cast<float>(static_cast<double>(slot->linearHoriAdvance) / 65536.0);
   FT_Outline_Translate(&slot->outline, FT_Pos{phase} * (64 / TGlyphSource::PhaseCount), 0);
@@ -98,19 +112,69 @@ std::optional<TGlyph> Render(FT_Face face, FT_UInt index, int phase) {
   return glyph;
 }
 
+// --- Outlines ---
+
+fmx::TPointF PointOf(const FT_Vector* v) {
+  return {static_cast<float>(v->x) / 64, -static_cast<float>(v->y) / 64};
+}
+
+// The figures of an outline are closed without saying so.
+fmx::TPathData PathOf(FT_Outline& outline) {
+  FT_Outline_Funcs steps{};
+  steps.move_to = [](const FT_Vector* to, void* path) {
+    static_cast<fmx::TPathData*>(path)->ClosePath();
+    static_cast<fmx::TPathData*>(path)->MoveTo(PointOf(to));
+    return 0;
+  };
+  steps.line_to = [](const FT_Vector* to, void* path) {
+    static_cast<fmx::TPathData*>(path)->LineTo(PointOf(to));
+    return 0;
+  };
+  steps.conic_to = [](const FT_Vector* control, const FT_Vector* to, void* path) {
+    auto& data = *static_cast<fmx::TPathData*>(path);
+    const fmx::TPointF from = data.LastPoint();
+    const fmx::TPointF middle = PointOf(control);
+    const fmx::TPointF end = PointOf(to);
+    data.CurveTo(from + (middle - from) * (2.0F / 3), end + (middle - end) * (2.0F / 3), end);
+    return 0;
+  };
+  steps.cubic_to = [](const FT_Vector* control1, const FT_Vector* control2, const FT_Vector* to, void* path) {
+    static_cast<fmx::TPathData*>(path)->CurveTo(PointOf(control1), PointOf(control2), PointOf(to));
+    return 0;
+  };
+  fmx::TPathData path;
+  FT_Outline_Decompose(&outline, &steps, &path);
+  path.ClosePath();
+  return path;
+}
+
+// A box's picture as outline: a frame, its inner edge the other way round.
+fmx::TPathData PathOf(const TGlyph& box, int stroke) {
+  const auto outer = fmx::TRectF::FromSize({static_cast<float>(box.Left), static_cast<float>(-box.Top)},
+                                           static_cast<float>(box.Width), static_cast<float>(box.Height));
+  const auto inner = outer.Inset(static_cast<float>(stroke), static_cast<float>(stroke));
+  fmx::TPathData path = fmx::RectanglePath(outer);
+  path.MoveTo({inner.Left, inner.Top});
+  path.LineTo({inner.Left, inner.Bottom});
+  path.LineTo({inner.Right, inner.Bottom});
+  path.LineTo({inner.Right, inner.Top});
+  path.ClosePath();
+  return path;
+}
+
 }  // namespace
 
 struct TGlyphSource::TState {
   // Where a code point's picture comes from.
   struct TPlace {
-    FT_Face Face = nullptr;  // null: no font has it
+    const TFont* Font = nullptr;  // null: no font has it
     FT_UInt Index = 0;
-    const TFont* Font = nullptr;
   };
 
   TState(const TFontCatalog& catalog, TFontRequest request) : Catalog(&catalog), Request(std::move(request)) {}
 
   void Open(const TFontFile& file);
+  bool OpenFamily(const std::string& family);
   void OpenChosen();
   TPlace Find(std::uint32_t codePoint);
   TPlace FindAmong(std::uint32_t codePoint, std::size_t first) const;
@@ -128,39 +192,44 @@ struct TGlyphSource::TState {
 void TGlyphSource::TState::Open(const TFontFile& file) {
   for (const auto& font : Fonts)
     if (font->File == file) return;
-  if (auto font = OpenFont(Library.get(), file, Request.PixelSize))
-    Fonts.push_back(std::make_unique<TFont>(std::move(*font)));
+  if (auto font = OpenFont(Library.get(), file, Request)) Fonts.push_back(std::make_unique<TFont>(std::move(*font)));
+}
+
+// The slanted face, and behind it the upright one, which is slanted here. False where there is no such family.
+bool TGlyphSource::TState::OpenFamily(const std::string& family) {
+  const auto upright = Catalog->Find(family, Request.Bold);
+  if (!upright) return false;
+  if (Request.Italic)
+    if (const auto slanted = Catalog->Find(family, Request.Bold, true)) Open(*slanted);
+  Open(*upright);
+  return true;
 }
 
 void TGlyphSource::TState::OpenChosen() {
   if (!Request.Family.empty()) {
-    const auto file = Catalog->Find(Request.Family, Request.Bold);
-    if (!file) throw EFontNotFound("no font family named '" + Request.Family + "' is installed");
-    Open(*file);
-    if (Fonts.empty()) throw EFontError("the font file " + file->Path + " cannot be used");
+    if (!OpenFamily(Request.Family)) throw EFontNotFound("no font family named '" + Request.Family + "' is installed");
+    if (Fonts.empty()) throw EFontError("the files of the font '" + Request.Family + "' cannot be used");
   }
-  for (const std::string& family : Request.Fallbacks)
-    if (const auto file = Catalog->Find(family, Request.Bold)) Open(*file);
+  for (const std::string& family : Request.Fallbacks) OpenFamily(family);
   if (!Fonts.empty()) return;
-  if (const auto file = Catalog->Find("sans-serif", Request.Bold)) Open(*file);
+  OpenFamily("sans-serif");
   if (Fonts.empty()) throw EFontError("no usable font is installed");
 }
 
 TGlyphSource::TState::TPlace TGlyphSource::TState::FindAmong(std::uint32_t codePoint, std::size_t first) const {
   for (std::size_t i = first; i < Fonts.size(); ++i)
-    if (const FT_UInt index = FT_Get_Char_Index(Fonts[i]->Face.get(), codePoint))
-      return {Fonts[i]->Face.get(), index, Fonts[i].get()};
+    if (const FT_UInt index = FT_Get_Char_Index(Fonts[i]->Face.get(), codePoint)) return {Fonts[i].get(), index};
   return {};
 }
 
 TGlyphSource::TState::TPlace TGlyphSource::TState::Find(std::uint32_t codePoint) {
   TPlace place = FindAmong(codePoint, 0);
-  if (place.Face != nullptr) return place;
+  if (place.Font != nullptr) return place;
   if (!Nearest) {
     const std::string family = Request.Family.empty() ? "sans-serif" : Request.Family;
     Nearest = Catalog->Nearest(family, Request.Bold);
   }
-  while (place.Face == nullptr && NextNearest < Nearest->size()) {
+  while (place.Font == nullptr && NextNearest < Nearest->size()) {
     const std::size_t before = Fonts.size();
     Open((*Nearest)[NextNearest++]);
     place = FindAmong(codePoint, before);
@@ -176,8 +245,8 @@ TGlyph TGlyphSource::TState::Make(std::uint32_t codePoint, int phase) {
     return tab;
   }
   const TPlace place = Find(codePoint);
-  if (place.Face != nullptr)
-    if (auto glyph = Render(place.Face, place.Index, phase)) return std::move(*glyph);
+  if (place.Font != nullptr)
+    if (auto glyph = Render(*place.Font, place.Index, phase)) return std::move(*glyph);
   return Box(Request.PixelSize, phase);
 }
 
@@ -201,6 +270,15 @@ const TGlyph& TGlyphSource::Glyph(std::uint32_t codePoint, int phase) {
   const auto found = FState->Glyphs.find(key);
   if (found != FState->Glyphs.end()) return found->second;
   return FState->Glyphs.emplace(key, FState->Make(codePoint, place)).first->second;
+}
+
+fmx::TPathData TGlyphSource::Outline(std::uint32_t codePoint) {
+  if (IsInvisible(codePoint) || codePoint == u'\t') return {};
+  const TState::TPlace place = FState->Find(codePoint);
+  if (place.Font != nullptr)
+    if (const FT_GlyphSlot slot = Load(*place.Font, place.Index)) return PathOf(slot->outline);
+  const double size = FState->Request.PixelSize;
+  return PathOf(Box(size, 0), BoxStroke(size));
 }
 
 std::string TGlyphSource::FamilyOf(std::uint32_t codePoint) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "fmx/PathData.h"
 #include "platform/FontCatalog.h"
 
 namespace orv::platform {
@@ -16,6 +17,7 @@ struct TFontRequest {
   std::vector<std::string> Fallbacks;  // then these in order, those that are not installed being passed over
   double PixelSize = 16;               // device pixels per em, from 1 to MaxPixelSize
   bool Bold = false;
+  bool Italic = false;  // faces that have no slant of their own are slanted
 };
 
 // A larger em makes single glyph pictures of tens of megabytes.
@@ -41,7 +43,8 @@ struct TFontMetrics {
 };
 
 // The glyphs of one font request. A code point is taken from the first font that has it: the chosen family, then the
-// fallbacks, then all installed fonts, nearest to the chosen family first. What no font has is a hollow box.
+// fallbacks, then all installed fonts, nearest to the chosen family first. What no font has is a hollow box. Of an
+// italic family the slanted face comes before the upright one, which most often is the one that has Arabic letters.
 //
 // Tab is as wide as four blanks. Other control characters, joiners, direction marks, variation selectors and the like
 // draw nothing and have no advance, whatever the fonts show for them.
@@ -63,6 +66,10 @@ class TGlyphSource {
   // The glyph with its pen at that many sixteenths of a pixel (0 to 15) right of a whole pixel. Any 32-bit value may be
   // asked for. The reference holds as long as the object.
   const TGlyph& Glyph(std::uint32_t codePoint, int phase = 0);
+
+  // The glyph's outline in pixels, to be filled by the non-zero winding rule; the pen is at the origin and Y grows
+  // downward. Empty for one that draws nothing.
+  fmx::TPathData Outline(std::uint32_t codePoint);
 
   // The family that the code point's picture comes from; empty for one that draws nothing or is missing.
   std::string FamilyOf(std::uint32_t codePoint);

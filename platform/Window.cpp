@@ -135,7 +135,35 @@ std::optional<TWindowEvent> Translate(const SDL_Event& event) {
 struct TWindow::TState {
   TVideo Video;
   std::unique_ptr<SDL_Window, TRelease> Window;
+  // The size of the window when it was painted last; 0 where it needs painting anew.
+  int PaintedWidth = 0;
+  int PaintedHeight = 0;
+
+  bool NeedsAll(const TWindow& window) const {
+    return window.Width() != PaintedWidth || window.Height() != PaintedHeight;
+  }
+  void Note(const TWindowEvent& event) {
+    if (event.Kind == TWindowEvent::TKind::Exposed) PaintedWidth = 0;
+  }
+  void Paint(const std::uint32_t* pixels, int width, int height, const fmx::TRect& part);
 };
+
+void TWindow::TState::Paint(const std::uint32_t* pixels, int width, int height, const fmx::TRect& part) {
+  SDL_Surface* target = SDL_GetWindowSurface(Window.get());
+  if (target == nullptr) Fail("cannot paint the window");
+  // SDL takes the pixels as writable, but only reads them here.
+  auto* bytes = const_cast<std::uint32_t*>(pixels);  // NOLINT(cppcoreguidelines-pro-type-const-cast)
+  const std::unique_ptr<SDL_Surface, TRelease> source(
+      SDL_CreateRGBSurfaceWithFormatFrom(bytes, width, height, 32, width * 4, SDL_PIXELFORMAT_ARGB8888));
+  if (source == nullptr) Fail("cannot paint the window");
+  SDL_SetSurfaceBlendMode(source.get(), SDL_BLENDMODE_NONE);
+  const SDL_Rect from{part.Left, part.Top, part.Width(), part.Height()};
+  SDL_Rect to = from;  // the call cuts it to the window
+  if (SDL_BlitSurface(source.get(), &from, target, &to) != 0 || SDL_UpdateWindowSurfaceRects(Window.get(), &to, 1) != 0)
+    Fail("cannot paint the window");
+  PaintedWidth = target->w;
+  PaintedHeight = target->h;
+}
 
 TWindow::TWindow(const std::string& title, int width, int height) : FState(std::make_unique<TState>()) {
   FState->Window.reset(SDL_CreateWindow(title.c_str(), SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED, width, height,
@@ -162,32 +190,36 @@ std::string TWindow::DriverName() const {
 }
 
 void TWindow::Show(const TFrame& frame) {
-  if (frame.IsEmpty()) return;
-  SDL_Surface* target = SDL_GetWindowSurface(FState->Window.get());
-  if (target == nullptr) Fail("cannot paint the window");
-  // SDL takes the pixels as writable, but only reads them here.
-  auto* pixels = const_cast<std::uint32_t*>(frame.Pixels.data());  // NOLINT(cppcoreguidelines-pro-type-const-cast)
-  const std::unique_ptr<SDL_Surface, TRelease> source(SDL_CreateRGBSurfaceWithFormatFrom(
-      pixels, frame.Width, frame.Height, 32, frame.Width * 4, SDL_PIXELFORMAT_ARGB8888));
-  if (source == nullptr) Fail("cannot paint the window");
-  SDL_SetSurfaceBlendMode(source.get(), SDL_BLENDMODE_NONE);
-  if (SDL_BlitSurface(source.get(), nullptr, target, nullptr) != 0 ||
-      SDL_UpdateWindowSurface(FState->Window.get()) != 0)
-    Fail("cannot paint the window");
+  if (!frame.IsEmpty())
+    FState->Paint(frame.Pixels.data(), frame.Width, frame.Height, {0, 0, frame.Width, frame.Height});
+}
+
+void TWindow::Present(const fmx::TBitmapSurface& pixels, const fmx::TRect& changed) {
+  const int width = pixels.Width();
+  const int height = pixels.Height();
+  const fmx::TRect part = FState->NeedsAll(*this) ? fmx::TRect{0, 0, width, height} : changed;
+  if (!pixels.IsEmpty() && !part.IsEmpty()) FState->Paint(pixels.Pixels().data(), width, height, part);
 }
 
 TWindowEvent TWindow::Wait() {
   SDL_Event event;
   for (;;) {
     if (SDL_WaitEvent(&event) == 0) Fail("the display is lost");
-    if (const auto translated = Translate(event)) return *translated;
+    if (const auto translated = Translate(event)) {
+      FState->Note(*translated);
+      return *translated;
+    }
   }
 }
 
 std::optional<TWindowEvent> TWindow::Poll() {
   SDL_Event event;
-  while (SDL_PollEvent(&event) != 0)
-    if (auto translated = Translate(event)) return translated;
+  while (SDL_PollEvent(&event) != 0) {
+    if (auto translated = Translate(event)) {
+      FState->Note(*translated);
+      return translated;
+    }
+  }
   return std::nullopt;
 }
 

@@ -1,4 +1,4 @@
-// A window that shows a frame, made by SDL.
+// A window that shows pictures, made by SDL.
 #pragma once
 
 #include <cstdint>
@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "platform/CanvasWindow.h"
 #include "platform/Frame.h"
 
 namespace orv::platform {
@@ -44,13 +45,14 @@ struct TWindowEvent {
   int Height = 0;
 };
 
-// A resizable window. Belongs to the thread that made it, which must be the main thread on some systems.
-class TWindow {
+// A resizable window. Canvases draw in it as a TCanvasWindow, with Width and Height as the size of their target; others
+// show frames. Belongs to the thread that made it, which must be the main thread on some systems.
+class TWindow : public TCanvasWindow {
  public:
   // Opens it with that client size in pixels. The title is UTF-8. Raises ENoDisplay where there is no display to see
   // it on (SDL itself would go on invisibly), EWindowError where it cannot be opened.
   TWindow(const std::string& title, int width, int height);
-  ~TWindow();
+  ~TWindow() override;
   TWindow(const TWindow&) = delete;
   TWindow& operator=(const TWindow&) = delete;
 
@@ -63,6 +65,10 @@ class TWindow {
   // Copies the frame to the window's upper left corner; what the frame does not cover keeps no defined content. Raises
   // EWindowError.
   void Show(const TFrame& frame);
+
+  // After a change of the window's size, and where another window covered it, all of the pixels count as changed.
+  // Raises EWindowError.
+  void Present(const fmx::TBitmapSurface& pixels, const fmx::TRect& changed) override;
 
   // Waits for the next event.
   TWindowEvent Wait();

@@ -53,6 +53,22 @@ TEST(Html, TheTextOfATagIsThatOfItsChildrenJoinedInOrder) {
   EXPECT_EQ(++child, tree.Root().Children().end());
 }
 
+// Around the size of a vector, in the middle of the text and at its end.
+TEST(Html, PiecesOfAnyLengthAreJoined) {
+  constexpr std::size_t Longest = 40;
+  const auto piece = [](std::size_t length, char16_t first) {
+    std::u16string text;
+    for (std::size_t i = 0; i < length; ++i) text += static_cast<char16_t>(first + i);
+    return text;
+  };
+  for (std::size_t a = 0; a <= Longest; ++a)
+    for (std::size_t b = 0; b <= Longest; ++b) {
+      const std::u16string first = piece(a, u'A'), second = piece(b, u'\u0621');
+      const std::u16string text = u"<P>" + first + u"</P>" + second;
+      ASSERT_EQ(THTMLText::HTMLToText(text), first + second) << a << ' ' << b;
+    }
+}
+
 TEST(Html, OnlyAnInnerTextHasAnImmediateText) {
   const auto tree = THTMLText::ParseHTML(u"<P>a</P>"sv);
   EXPECT_EQ(tree.Root().ImmediateText(), u"");

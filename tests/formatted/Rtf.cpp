@@ -405,6 +405,22 @@ TEST(Rtf, BytesAreReadAsUtf8) {
   EXPECT_EQ(TRTFText::ParseRTF("{\\rtf1{\\fonttbl{\\f0\\fnil \xD8\xB3;}}x}"sv).FontTable[0], u"\u0633");
 }
 
+// Stretches of every length around the size of a vector, plain or with one other letter at every place.
+TEST(Rtf, AStretchOfAnyLengthIsReadAlikeFromBytesAndUnits) {
+  constexpr std::size_t Longest = 40;
+  for (std::size_t length = 1; length <= Longest; ++length)
+    for (std::size_t place = 0; place <= length; ++place) {
+      std::u16string text;
+      for (std::size_t i = 0; i < length; ++i) text += i == place ? u'\u0633' : static_cast<char16_t>(u'a' + i % 26);
+      for (const auto* end : {u"}", u"\\b }", u"\\par x\u0644 and a longer end of the document}"}) {
+        const std::u16string document = u"{\\rtf1 " + text + end;
+        const std::string bytes = rtl::ToUtf8(document);
+        ASSERT_EQ(TRTFText::RTFToText(std::u16string_view(document)).substr(0, length), text);
+        ASSERT_EQ(TRTFText::RTFToText(std::string_view(bytes)), TRTFText::RTFToText(std::u16string_view(document)));
+      }
+    }
+}
+
 TEST(Rtf, TheTextOfADocumentIsThatOfItsRanges) {
   TRTFText::TRTFData data = TRTFText::ParseRTF(u"{\\rtf1 ab\\b cd\\b0 ef}"sv);
   EXPECT_EQ(data.Text(), u"abcdef");

@@ -7,7 +7,9 @@
 #include <cmath>
 #include <numeric>
 
+#include "fmx/Bitmap.h"
 #include "platform/Exceptions.h"
+#include "platform/SoftwareCanvas.h"
 
 namespace orv::platform {
 namespace {
@@ -203,6 +205,77 @@ TEST(GlyphSource, MetricsAreThoseOfTheFirstFont) {
   EXPECT_NEAR(metrics.Ascent, 19, 0.6);
   EXPECT_NEAR(metrics.Descent, 5, 0.6);
   EXPECT_NEAR(metrics.LineHeight, 23.3, 0.6);
+}
+
+// How far the ink of the upper half lies right of that of the lower half, in pixels.
+double Lean(const TGlyph& glyph) {
+  const auto centre = [&](int from, int to) {
+    double sum = 0;
+    double weight = 0;
+    for (int y = from; y < to; ++y)
+      for (int x = 0; x < glyph.Width; ++x) {
+        const double cover = glyph.Coverage[static_cast<std::size_t>(y * glyph.Width + x)];
+        sum += cover * x;
+        weight += cover;
+      }
+    return sum / weight;
+  };
+  return centre(0, glyph.Height / 2) - centre(glyph.Height / 2, glyph.Height);
+}
+
+TFontRequest Italic(const char* family) {
+  TFontRequest request{family, {}, 60};
+  request.Italic = true;
+  return request;
+}
+
+TEST(GlyphSource, ItalicTakesTheSlantedFaceOfTheFamily) {
+  TGlyphSource upright(Catalog(), {"FreeSerif", {}, 60});
+  TGlyphSource italic(Catalog(), Italic("FreeSerif"));
+  EXPECT_NEAR(Lean(upright.Glyph(U'l')), 0, 1);
+  EXPECT_GT(Lean(italic.Glyph(U'l')), 3);
+  EXPECT_NE(upright.Glyph(U'v').Advance, italic.Glyph(U'v').Advance);  // a face of its own, not the same one slanted
+}
+
+// The slanted face has no Arabic letters; the upright one of the same family has.
+TEST(GlyphSource, ItalicSlantsLettersThatHaveNoSlantedFace) {
+  constexpr char32_t Alef = 0xFE8D;
+  TGlyphSource upright(Catalog(), {"FreeSerif", {}, 60});
+  TGlyphSource italic(Catalog(), Italic("FreeSerif"));
+  EXPECT_EQ(italic.FamilyOf(Alef), "FreeSerif");
+  const double half = upright.Glyph(Alef).Height / 2.0;
+  EXPECT_NEAR(Lean(italic.Glyph(Alef)) - Lean(upright.Glyph(Alef)), half * 0.21, 1.5);
+  EXPECT_EQ(italic.Glyph(Alef).Advance, upright.Glyph(Alef).Advance);
+}
+
+// The outline of the glyph, its pen at the whole pixel (40, 120), filled by the software canvas.
+fmx::TBitmapSurface Filled(const fmx::TPathData& outline) {
+  fmx::TBitmap bitmap(200, 160);
+  TSoftwareCanvas canvas({fmx::TCanvasTarget::TKind::Bitmap, &bitmap, nullptr, 200, 160, 1});
+  EXPECT_TRUE(canvas.BeginScene());
+  fmx::TPathData placed = outline;
+  placed.Translate(40, 120);
+  canvas.FillPath(placed, 1, fmx::TBrush(fmx::TAlphaColors::White));
+  canvas.EndScene();
+  return bitmap.Surface();
+}
+
+// Two rasterisers, one picture.
+TEST(GlyphSource, AnOutlineFilledIsThePicture) {
+  TGlyphSource source = Source(80);
+  for (const std::uint32_t c : {0x48U, 0x40U, 0x67U, 0x5E9U, 0xFEB3U, 0xFEFBU, 0x10FFFEU}) {  // a missing one last
+    const TGlyph& glyph = source.Glyph(c);
+    const auto filled = Filled(source.Outline(c));
+    int ink = 0;
+    for (const auto pixel : filled.Pixels()) ink += static_cast<int>(fmx::AlphaOf(pixel));
+    EXPECT_NEAR(ink, Ink(glyph), Ink(glyph) * 0.01) << c;
+    for (int y = 0; y < glyph.Height; ++y)
+      for (int x = 0; x < glyph.Width; ++x) {
+        const auto pixel = filled.Scanline(120 - glyph.Top + y)[static_cast<std::size_t>(40 + glyph.Left + x)];
+        ASSERT_NEAR(fmx::AlphaOf(pixel), glyph.Coverage[static_cast<std::size_t>(y * glyph.Width + x)], 24) << c;
+      }
+  }
+  for (const std::uint32_t c : {0x20U, 0x9U, 0x200DU}) EXPECT_TRUE(source.Outline(c).IsEmpty()) << c;
 }
 
 // References stay good while further glyphs are made.

@@ -44,7 +44,8 @@ char16_t UnitOf(std::uint32_t page, unsigned char byte) {
       if (good) iconv(converter, nullptr, nullptr, &to, &outLeft);
       iconv_close(converter);
       const auto low = static_cast<unsigned char>(out[0]), high = static_cast<unsigned char>(out[1]);
-      units[b] = static_cast<char16_t>(good ? low | (high << 8) : b);
+      const unsigned unit = good ? static_cast<unsigned>(low) | (static_cast<unsigned>(high) << 8) : b;
+      units[b] = static_cast<char16_t>(unit);
     }
   }
   return units[byte];

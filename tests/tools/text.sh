@@ -33,6 +33,14 @@ run text page.html
 expect_done
 [ ! -s "$out" ] || fail "output: $(cat "$out")"
 
+# Ranges that repeat the tags around them without end are refused; the text is not.
+{ yes '<B>x' | head -n 5000; yes '</B>' | head -n 5000; } | tr -d '\n' >page.html
+run text page.html
+expect_done
+[ "$(wc -c <"$out")" -eq 5001 ] || fail "not 5000 letters and a line end"
+run text --ranges page.html
+expect_error 1 'orv text: the tags are too many to list them with every range'
+
 # What is refused, and what cannot be read.
 run text
 expect_error 2 'FILE'

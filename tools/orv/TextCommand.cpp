@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "rtl/Exceptions.h"
 #include "rtl/Utf8.h"
 #include "tools/orv/Commands.h"
 #include "tools/orv/Table.h"
@@ -94,19 +95,32 @@ struct THtmlRange {
   std::vector<THTMLTag> Tags;
 };
 
+// Every range repeats the tags around it, so a small document can ask for a list of any size. A list longer than this,
+// in characters or so, is refused.
+constexpr std::size_t LongestList = 16'000'000;
+
+std::size_t LengthOf(const THTMLTag& tag) {
+  std::size_t length = 16;  // its name, and what a list entry needs
+  for (const auto& [name, value] : tag.Params()) length += name.size() + value.size();
+  return length;
+}
+
 // In document order, with a stack of its own.
 std::vector<THtmlRange> RangesOf(const THTMLTag& root) {
   using TIterator = THTMLText::THTMLTags::TIterator;
   std::vector<THtmlRange> ranges;
   std::vector<THTMLTag> open;
   std::vector<std::pair<TIterator, TIterator>> rest;
-  std::size_t start = 0;
+  std::size_t start = 0, openLength = 0, listLength = 0;
   const auto visit = [&](const THTMLTag& tag) {
     if (tag.TagType() == THTMLText::THTMLTagType::InnerText) {
+      listLength += openLength;
+      if (listLength > LongestList) throw rtl::Exception("the tags are too many to list them with every range");
       ranges.push_back({start, tag.ImmediateText(), open});
       start += tag.ImmediateText().size();
     } else {
       open.push_back(tag);
+      openLength += LengthOf(tag);
       rest.emplace_back(tag.Children().begin(), tag.Children().end());
     }
   };
@@ -115,6 +129,7 @@ std::vector<THtmlRange> RangesOf(const THTMLTag& root) {
     auto& [next, end] = rest.back();
     if (next == end) {
       rest.pop_back();
+      openLength -= LengthOf(open.back());
       open.pop_back();
     } else {
       visit(*next++);

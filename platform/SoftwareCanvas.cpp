@@ -20,7 +20,6 @@ using fmx::TClip;
 using fmx::TMatrix;
 using fmx::TPathData;
 using fmx::TPixel;
-using fmx::TPoint;
 using fmx::TRect;
 using fmx::TRectF;
 

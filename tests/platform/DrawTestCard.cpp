@@ -22,9 +22,14 @@ std::int32_t Pixels(std::int32_t units, float scale) {
   return static_cast<std::int32_t>(std::lround(static_cast<float>(units) * scale));
 }
 
+// The card, and then a scene that changes a part of it.
 bool Draw(TCanvasWindow& window, float scale, const TTestCardOptions& options) {
   TSoftwareCanvas canvas(window.Target(Pixels(TestCardWidth, scale), Pixels(TestCardHeight, scale), scale));
-  return DrawTestCard(canvas, TestCardGlyphs(scale), options);
+  const fmx::TRectF part[] = {{410.5F, 285, 470, 330.5F}};
+  if (!DrawTestCard(canvas, TestCardGlyphs(scale), options) || !canvas.BeginScene(part)) return false;
+  canvas.FillEllipse({400, 270, 500, 350}, 1, fmx::TBrush(0xC02060C0));
+  canvas.EndScene();
+  return true;
 }
 
 int Show(float scale, const TTestCardOptions& options) {

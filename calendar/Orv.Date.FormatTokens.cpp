@@ -18,21 +18,6 @@ bool Matches(std::u16string_view text, std::size_t index, std::u16string_view ex
 
 }  // namespace
 
-std::u16string_view NestedFormat(TFormatField field, const rtl::TFormatSettings& settings) {
-  switch (field) {
-    case TField::ShortDate:
-      return settings.ShortDateFormat;
-    case TField::LongDate:
-      return settings.LongDateFormat;
-    case TField::ShortTime:
-      return settings.ShortTimeFormat;
-    case TField::LongTime:
-      return settings.LongTimeFormat;
-    default:
-      return u"ddddd tt";
-  }
-}
-
 TMeridiemPair MeridiemPair(TFormatField field, const TMeridiemTexts& texts) {
   switch (field) {
     case TField::MeridiemVeryShort:
@@ -66,20 +51,39 @@ bool TTextCursor::TakeQuoted(std::u16string_view quoted) {
 }
 
 bool TFormatStack::Leave() {
-  if (FOuter.empty()) return false;
-  InnermostOf(FTop.Field) = FTop.Former;
-  FTop = FOuter.back();
-  FOuter.pop_back();
+  if (!FNesting || FNesting->Outer.empty()) return false;
+  FNesting->InnermostOf(FTop.Field) = FTop.Former;
+  FTop = FNesting->Outer.back();
+  FNesting->Outer.pop_back();
   return true;
 }
 
-void TFormatStack::Enter(TFormatField field, std::u16string_view format, std::int32_t position, std::uint32_t state) {
+std::u16string_view TFormatStack::FormatOf(TFormatField field) {
+  switch (field) {
+    case TField::ShortDate:
+      return FSettings.ShortDateFormat;
+    case TField::LongDate:
+      return FSettings.LongDateFormat;
+    case TField::ShortTime:
+      return FSettings.ShortTimeFormat;
+    case TField::LongTime:
+      return FSettings.LongTimeFormat;
+    default:
+      if (FNesting->DateAndTime.empty())
+        FNesting->DateAndTime = FSettings.ShortDateFormat + u' ' + FSettings.LongTimeFormat;
+      return FNesting->DateAndTime;
+  }
+}
+
+void TFormatStack::Enter(TFormatField field, std::int32_t position, std::uint32_t state) {
+  if (!FNesting) FNesting = std::make_unique<TNesting>();
+  const std::u16string_view format = FormatOf(field);
   const TEntry entry = {true, position, state};
-  TEntry& innermost = InnermostOf(field);
-  FNestedCharacters += format.size() + 1;
-  if (innermost == entry || FNestedCharacters > MostNestedFormatCharacters)
+  TEntry& innermost = FNesting->InnermostOf(field);
+  FNesting->Characters += format.size() + 1;
+  if (innermost == entry || FNesting->Characters > MostNestedFormatCharacters)
     ConvertErrorFmt("The format '%s' nests without end", {format});
-  FOuter.push_back(FTop);
+  FNesting->Outer.push_back(FTop);
   FTop = {format, 0, field, innermost};
   innermost = entry;
 }

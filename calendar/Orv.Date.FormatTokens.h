@@ -6,6 +6,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -159,9 +160,6 @@ constexpr TFormatToken LocatorToken(std::u16string_view format, std::size_t inde
   return tokens::ByRun(format, index);
 }
 
-// The format that a nested field stands for; the date and time are the short date, a blank and the long time.
-std::u16string_view NestedFormat(TFormatField field, const rtl::TFormatSettings& settings);
-
 // The AM/PM texts that a unit reads and writes.
 struct TMeridiemTexts {
   std::u16string_view VeryShortAM, VeryShortPM;  // for a/p
@@ -241,7 +239,10 @@ class TTextCursor {
 // with nothing read and nothing learnt in between, it would do so for ever, and EConvertError is raised.
 class TFormatStack {
  public:
-  explicit TFormatStack(std::u16string_view outermost) { FTop.Format = outermost; }
+  // Format and settings are borrowed.
+  TFormatStack(std::u16string_view outermost, const rtl::TFormatSettings& settings) : FSettings(settings) {
+    FTop.Format = outermost;
+  }
 
   // Where the walk stands; false when every format has come to its end.
   bool Current(std::u16string_view& format, std::size_t& index) {
@@ -252,11 +253,15 @@ class TFormatStack {
     return true;
   }
 
+  // Whether the innermost format has steps, of which none is taken.
+  bool AtFirstStep() const { return FTop.Index == 0 && !FTop.Format.empty(); }
+
   // Moves the innermost format on.
   void Advance(std::size_t count) { FTop.Index += count; }
 
-  // Goes into a nested format. State is what besides the place in the text may change the course of the walk.
-  void Enter(TFormatField field, std::u16string_view format, std::int32_t position, std::uint32_t state);
+  // Goes into the format that a nested field stands for. State is what besides the place in the text may change the
+  // course of the walk.
+  void Enter(TFormatField field, std::int32_t position, std::uint32_t state);
 
  private:
   // Where a nested format was entered.
@@ -274,16 +279,27 @@ class TFormatStack {
     TEntry Former;  // into the same field, further out
   };
 
+  // What only a walk with nested formats needs.
+  struct TNesting {
+    std::vector<TFrame> Outer;  // the outermost first
+    // The innermost entry into each field that has not been left again. It is enough to look at that one: what was the
+    // same further out is the same there.
+    std::array<TEntry, static_cast<std::size_t>(TFormatField::DateAndTime) + 1> Innermost{};
+    std::size_t Characters = 0;
+    rtl::UnicodeString DateAndTime;  // made where it is first asked for
+
+    TEntry& InnermostOf(TFormatField field) { return Innermost[static_cast<std::size_t>(field)]; }
+  };
+
   // Back to the format around the innermost one; false when there is none.
   bool Leave();
-  // The innermost entry into a field that has not been left again. It is enough to look at that one: what was the same
-  // further out is the same there.
-  TEntry& InnermostOf(TFormatField field) { return FInnermost[static_cast<std::size_t>(field)]; }
+  // The format of a nested field. The date and time are one format: the short date, a blank and the long time, so that
+  // a quote reaches over the blank.
+  std::u16string_view FormatOf(TFormatField field);
 
+  const rtl::TFormatSettings& FSettings;
   TFrame FTop;
-  std::vector<TFrame> FOuter;  // the outermost first
-  std::array<TEntry, static_cast<std::size_t>(TFormatField::DateAndTime) + 1> FInnermost{};
-  std::size_t FNestedCharacters = 0;
+  std::unique_ptr<TNesting> FNesting;
 };
 
 }  // namespace orv

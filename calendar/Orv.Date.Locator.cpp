@@ -18,7 +18,11 @@ TMask HourMask(std::u16string_view format) {
 class TLocator {
  public:
   TLocator(const TLocatorRules& rules, std::int32_t fieldNumber, std::u16string_view format, std::u16string_view text)
-      : FRules(rules), FWanted(fieldNumber), FHourMask(HourMask(format)), FText(text), FFormats(format) {}
+      : FRules(rules),
+        FWanted(fieldNumber),
+        FHourMask(HourMask(format)),
+        FText(text),
+        FFormats(format, rules.Settings) {}
 
   TLocatedField Locate() {
     if (!Walk() || FCounter != FWanted) FFound.Type = TMask::hdmtNone;
@@ -40,7 +44,7 @@ class TLocator {
   }
 
   // Whether the field is a nested format with steps of its own, behind each of which the walk may end.
-  bool GoesIn(TField field) const { return IsNested(field) && !NestedFormat(field, FRules.Settings).empty(); }
+  bool GoesIn(TField field) const { return IsNested(field) && FFormats.AtFirstStep(); }
 
   bool Step(const TFormatToken& token, std::u16string_view format, std::size_t index) {
     const rtl::TFormatSettings& settings = FRules.Settings;
@@ -80,8 +84,7 @@ class TLocator {
       case TField::Literal:
         return FText.TakeUnit(format[index]);
       default:
-        FFormats.Enter(token.Field, NestedFormat(token.Field, settings), FText.Position(),
-                       static_cast<std::uint32_t>(FCounter));
+        FFormats.Enter(token.Field, FText.Position(), static_cast<std::uint32_t>(FCounter));
         return true;
     }
   }

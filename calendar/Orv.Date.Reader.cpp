@@ -16,7 +16,7 @@ class TReader {
  public:
   // The parts are borrowed, and begin empty.
   TReader(const TReaderRules& rules, std::u16string_view format, std::u16string_view text, TReadParts& parts)
-      : FRules(rules), FText(text), FFormats(format), FParts(parts) {}
+      : FRules(rules), FText(text), FFormats(format, rules.Settings), FParts(parts) {}
 
   // Whether the text follows the format.
   bool Read() {
@@ -113,7 +113,7 @@ class TReader {
   // Goes into a nested format, behind which the walk goes on so many characters further in the present one.
   void Enter(TField field, std::size_t advance) {
     FFormats.Advance(advance);
-    FFormats.Enter(field, NestedFormat(field, FRules.Settings), FText.Position(), FParts.Seen.Bits());
+    FFormats.Enter(field, FText.Position(), FParts.Seen.Bits());
   }
 
   // Fields that the walk itself does not take.

@@ -85,6 +85,9 @@ TEST_F(Locator, NestedFormatsCountTheirOwnFields) {
   EXPECT_EQ(Find(4, u"c", u"03/12/30 5:06 صبح"), (TLocatedField{hdmt24Hour, 10, 1, true}));
   EXPECT_EQ(Find(6, u"c", u"03/12/30 5:06 صبح"), (TLocatedField{hdmtAmPm, 15, 3, true}));
   EXPECT_EQ(Find(2, u"t", u"5:06"), (TLocatedField{hdmtMinute, 3, 2, false}));
+  Calendar->FormatSettings.ShortDateFormat = u"d'";
+  Calendar->FormatSettings.LongTimeFormat = u"'h";
+  EXPECT_EQ(Find(2, u"c", u"3x 5"), (TLocatedField{hdmt24Hour, 4, 1, true})) << "one format, with a quoted blank";
 }
 
 TEST_F(Locator, AFieldWithoutDigitsFails) {

@@ -195,6 +195,15 @@ TEST_F(Reader, APlainAReadsNothing) {
   EXPECT_FALSE(Read(u"ab", u"ab").has_value());
 }
 
+TEST_F(Reader, DateAndTimeAreOneFormatOverWhichAQuoteReaches) {
+  Calendar->FormatSettings.ShortDateFormat = u"yyyy/m/d'";
+  Calendar->FormatSettings.LongTimeFormat = u"'h";
+  const TDateTime expected = Calendar->EncodeDate({1404, 2, 3}) + rtl::EncodeTime({5, 0, 0, 0});
+  EXPECT_EQ(Read(u"c", u"1404/2/3x 5"), expected);
+  EXPECT_EQ(Calendar->TryStrToDateTime(u"1404/2/3x 5"), expected);
+  EXPECT_FALSE(Read(u"c", u"1404/2/3 5"));
+}
+
 TEST_F(Reader, NestedFormatsAreThoseOfTheSettings) {
   Calendar->FormatSettings.LongTimeFormat = u"h:nn ampm";
   EXPECT_EQ(Read(u"ddddd", u"04/2/3"), Calendar->EncodeDate({1404, 2, 3}));

@@ -19,6 +19,13 @@ class EArgumentNilException : public rtl::Exception {
   std::string_view ClassName() const noexcept override { return "EArgumentNilException"; }
 };
 
+// An operation that the state of things does not allow.
+class EInvalidOperation : public rtl::Exception {
+ public:
+  using Exception::Exception;
+  std::string_view ClassName() const noexcept override { return "EInvalidOperation"; }
+};
+
 // A bitmap or surface of a size that is not allowed (fmx/Limits.h).
 class EBitmapSizeTooBig : public rtl::Exception {
  public:

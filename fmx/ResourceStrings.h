@@ -7,8 +7,10 @@ namespace fmx {
 
 inline constexpr std::string_view SPointInTextLayoutError = "No position in the text lies at this point";
 inline constexpr std::string_view SResultCanNotBeNil = "The result of this function must not be nil";
+inline constexpr std::string_view SArgumentCanNotBeNil = "The argument must not be nil";
+inline constexpr std::string_view SCircularOwnership = "A component cannot be owned by what it owns";
 
-// Captions of an editing control's menu; pass them through Translate before they are shown.
+// Captions of an editing control's menu; pass them through Translate (fmx/Translate.h) before they are shown.
 inline constexpr std::u16string_view SEditCut = u"Cut";
 inline constexpr std::u16string_view SEditCopy = u"Copy";
 inline constexpr std::u16string_view SEditPaste = u"Paste";

@@ -2,7 +2,17 @@
 
 #include <cmath>
 
+#include "fmx/Screen.h"
+
 namespace fmx {
+namespace {
+
+TBiDiMode ScreenBiDiMode() {
+  const IRoot* form = TScreen::ActiveForm();
+  return form != nullptr ? form->GetBiDiMode() : TBiDiMode::LeftToRight;
+}
+
+}  // namespace
 
 float ScreenScale() {
   const auto screen = FindService<IScreenService>();
@@ -10,9 +20,13 @@ float ScreenScale() {
   return scale > 0 && std::isfinite(scale) ? scale : 1.0F;
 }
 
+TBiDiMode IScreenService::GetActiveFormBiDiMode() {
+  return ScreenBiDiMode();
+}
+
 TBiDiMode ActiveFormBiDiMode() {
   const auto screen = FindService<IScreenService>();
-  return screen ? screen->GetActiveFormBiDiMode() : TBiDiMode::LeftToRight;
+  return screen ? screen->GetActiveFormBiDiMode() : ScreenBiDiMode();
 }
 
 std::u16string DefaultFontFamily() {

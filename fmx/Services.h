@@ -31,8 +31,9 @@ class IScreenService : public IPlatformService {
   static constexpr TGuid Guid = TGuid::Of("{5A0B3B0A-3A9E-4F0E-9A71-0C5D9B6A4E11}");
   // Device pixels of a logical unit, above 0.
   virtual float GetScreenScale() = 0;
-  // The direction of the active form; LeftToRight without one.
-  virtual TBiDiMode GetActiveFormBiDiMode() = 0;
+  // The direction of the active form; LeftToRight without one. A host whose forms are not known to TScreen
+  // (fmx/Screen.h) answers for them.
+  virtual TBiDiMode GetActiveFormBiDiMode();
 };
 
 class IFontService : public IPlatformService {
@@ -42,7 +43,7 @@ class IFontService : public IPlatformService {
   virtual float GetDefaultFontSize() = 0;
 };
 
-class IClipboardService : public IPlatformService {
+class IFMXClipboardService : public IPlatformService {
  public:
   static constexpr TGuid Guid = TGuid::Of("{1F6D8C41-92B4-4C0D-B5E7-7E4A1D3C9F33}");
   // Empty where the clipboard holds no text.
@@ -50,7 +51,8 @@ class IClipboardService : public IPlatformService {
   virtual void SetText(std::u16string_view text) = 0;
 };
 
-// What the services say, or what holds without them: scale 1, left to right, the family "", 12.
+// What the services say, or what holds without them: scale 1, the direction of TScreen's active form, the family
+// "", 12.
 float ScreenScale();
 TBiDiMode ActiveFormBiDiMode();
 std::u16string DefaultFontFamily();

@@ -20,7 +20,7 @@ set(rooms rtl unicode calendar fmx textlayout formatted editing lists binding ru
 set(standard "^<([a-z_0-9]+|[a-z0-9]*intrin\\.h|arm_neon\\.h|wasm_simd128\\.h)>")
 
 # The markup readers stand on the first floor, inside a room of the fourth.
-set(readers "Orv\\.StdCtrls\\.(Markup|HTML|RTF)\\.")
+set(readers "Orv\\.StdCtrls\\.(Markup|Names|HTML|RTF)\\.")
 
 # Class records stand on the ground floor, inside the room of the installation.
 set(records "(VirtualClass|RewritableClass)")

@@ -275,6 +275,10 @@ THTMLText::THTMLTree THTMLText::ParseHTML(std::u16string_view text) {
   return THTMLTree(std::move(data));
 }
 
+THTMLText::THTMLTree THTMLText::ParseHTML(const char16_t* text) {
+  return ParseHTML(std::u16string_view(text));
+}
+
 UnicodeString THTMLText::HTMLToText(std::u16string_view text) {
   return ParseHTML(text).Root().Text();
 }

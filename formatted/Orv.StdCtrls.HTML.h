@@ -55,9 +55,11 @@ class THTMLText {
   // The tree of a text. Raises EParseError with "Incomplete HTML Tag" for an opening tag with no ">", and with the
   // expected character for everything else that is not in the subset. Cost: linear in the text, however deep or broken;
   // no recursion. Any thread. Example: "a<B>b</B>" gives a Body of an InnerText "a" and a Bold that holds "b".
-  // A temporary text is taken over by the tree; any other is borrowed and must outlive it unchanged.
+  // A temporary text is taken over by the tree; any other is borrowed and must outlive it unchanged. A pointer, such as
+  // a literal, is zero-terminated and borrowed too.
   static THTMLTree ParseHTML(UnicodeString&& text);
   static THTMLTree ParseHTML(std::u16string_view text);
+  static THTMLTree ParseHTML(const char16_t* text);
 
   // The text of the tree, without its tags. Raises as ParseHTML does. Example: "a<B>b</B>" gives "ab".
   static UnicodeString HTMLToText(std::u16string_view text);

@@ -107,7 +107,7 @@ std::optional<std::ptrdiff_t> TMarkupTextReader<TUnit>::PlaceBehind(std::u16stri
   const auto place = [this, last](auto wanted) -> std::optional<std::ptrdiff_t> {
     const auto length = static_cast<std::ptrdiff_t>(wanted.size());
     const std::ptrdiff_t p = FState.Position;
-    const bool fits = Forward() ? p <= last - length : p <= FEnd && p >= length;
+    const bool fits = Forward() ? p <= last - length : p >= length;
     if (!fits) return std::nullopt;
     const std::ptrdiff_t start = Forward() ? p : p - length;
     const TUnit* source = FView.data() + start;

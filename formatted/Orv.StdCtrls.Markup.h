@@ -7,7 +7,8 @@
 //
 // Offsets and counts are units of the source, 0-based: UTF-16 code units, or bytes of UTF-8. Characters are compared as
 // UTF-16 code units; a character of two units is known by its first. Blanks are U+0020 and U+0009. An identifier is an
-// ASCII letter or "_", then letters, digits or "_". Nothing matches at or past the limit, not even U+0000.
+// ASCII letter or "_", then letters, digits or "_". Nothing matches at or past the limit, not even U+0000; only a fixed
+// text that is read backwards knows no limit.
 //
 // A reader belongs to one thread at a time. No text makes it read out of bounds.
 #pragma once
@@ -129,7 +130,8 @@ class TMarkupTextReader {
   std::ptrdiff_t SetEnd(std::ptrdiff_t end) { return std::exchange(FEnd, std::clamp<std::ptrdiff_t>(end, 0, Size())); }
   // Forwards: the cursor is at or past the limit. Backwards: before the first unit.
   bool Eof() const { return EndAt(FState.Position); }
-  // Moves by that many units along the direction, or against it, and no further than to the first unit or the limit.
+  // Moves by that many units along the direction, or against it. Where that would be before the first unit (backwards,
+  // one before it) or past the limit, the cursor stops there; one that stands past a narrowed limit comes back to it.
   void Skip(std::ptrdiff_t count) { MoveBy(Forward() ? count : Negated(count)); }
   void StepBack(std::ptrdiff_t count) { MoveBy(Forward() ? Negated(count) : count); }
   // Skips blanks; with line breaks also CR and LF. At the limit the cursor goes back onto the last character before it,
@@ -156,7 +158,8 @@ class TMarkupTextReader {
   // --- Fixed text ---
 
   // Forwards, a text that would end exactly at the limit does not match. Backwards, the text before the cursor is
-  // compared and the cursor goes to its start, which may be the start of the text.
+  // compared and the cursor goes to its start, which may be the start of the text. The limit plays no part backwards:
+  // from a cursor past a narrowed one, the text behind the limit is compared as well.
   bool Read(std::u16string_view s);
   bool ReadStill(std::u16string_view s) const { return PlaceBehind(s, FEnd - 1).has_value(); }
   void Check(std::u16string_view s);
@@ -250,8 +253,7 @@ class TMarkupTextReader {
   static std::ptrdiff_t Negated(std::ptrdiff_t count) { return count == PTRDIFF_MIN ? PTRDIFF_MAX : -count; }
   void MoveBy(std::ptrdiff_t count) {
     const std::ptrdiff_t low = Forward() ? 0 : -1;
-    const std::ptrdiff_t from = std::clamp(FState.Position, low, FEnd);
-    FState.Position = from + std::clamp(count, low - from, FEnd - from);
+    FState.Position += std::clamp(count, low - FState.Position, FEnd - FState.Position);
   }
 
   // Of the character at place p inside the text: its first UTF-16 unit, and its length in the source.
@@ -277,7 +279,8 @@ class TMarkupTextReader {
   // The place of the next character along the direction.
   std::ptrdiff_t Next(std::ptrdiff_t p) const { return Forward() ? p + LengthAt(p) : PreviousStart(p); }
 
-  // The place behind s if it matches at the cursor; forwards, a match may end no later than at last.
+  // The place behind s if it matches at the cursor; forwards, a match may end no later than at last. Backwards, only
+  // the start of the text limits it.
   std::optional<std::ptrdiff_t> PlaceBehind(std::u16string_view s, std::ptrdiff_t last) const;
   // The first place from p on whose character fails the test, or where the cursor would be at its end.
   template <typename TTest>

@@ -88,6 +88,16 @@ TEST(Html, ATreeKeepsATemporaryTextAndItsTagsWhenItMoves) {
   EXPECT_EQ(moved.Root(), root);
 }
 
+TEST(Html, ALiteralIsTakenAsItStands) {
+  const auto tree = THTMLText::ParseHTML(u"<P>a</P>");
+  EXPECT_EQ(testing::Shown(tree.Root()), "Paragraph('a')");
+  EXPECT_EQ(THTMLText::HTMLToText(u"<P>a</P>"), u"a");
+  // It is borrowed: the tags look into it.
+  const char16_t text[] = u"<P>b</P>";
+  const auto borrowed = THTMLText::ParseHTML(text);
+  EXPECT_EQ(borrowed.Root().Children().begin()->ImmediateText().data(), text + 3);
+}
+
 // --- Names ---
 
 TEST(Html, EveryTagTextHasItsType) {

@@ -294,6 +294,22 @@ TEST(Rtf, ABytesCodePageIsThatOfTheDocumentUntilALanguageComes) {
   EXPECT_EQ(ShownRtfText(u"{\\rtf1\\ansi\\ansicpg1256\\pard\\lang1033\\'d3}"), "\xC3\x93");
 }
 
+TEST(Rtf, ALanguageBringsItsCodePage) {
+  struct TLanguage {
+    int Id;
+    std::string Letter;  // what the byte E8 is
+  };
+  const TLanguage languages[] = {
+      {0x0809, "è"}, {0x0407, "è"}, {0x040C, "è"}, {0x0410, "è"}, {0x0C0A, "è"}, {0x0405, "č"}, {0x040E, "č"},
+      {0x0415, "č"}, {0x0419, "и"}, {0x0408, "θ"}, {0x041F, "è"}, {0x040D, "ט"}, {0x0429, "è"}, {0x0401, "è"},
+  };
+  for (const auto& [id, letter] : languages) {
+    // A page that is none of theirs stands behind, so that an unknown language would give its letter.
+    const std::string document = "{\\rtf1\\ansi\\ansicpg874\\lang" + std::to_string(id) + "\\'e8}";
+    EXPECT_EQ(rtl::ToUtf8(TRTFText::RTFToText(std::string_view(document))), letter) << id;
+  }
+}
+
 TEST(Rtf, AnUnknownCodePageFallsBackToTheDocumentsThenToLatin) {
   EXPECT_EQ(ShownRtf(u"{\\rtf1\\ansi\\ansicpg1256\\lang9999\\'d3}"), "'\xD8\xB3' [0+1 NewParagraph LangID=9999]");
   EXPECT_EQ(ShownRtfText(u"{\\rtf1\\ansi\\ansicpg932\\'81\\'41}"),
@@ -396,6 +412,13 @@ TEST(Rtf, ATextThatBeginsWithNoBraceIsRefused) {
 }
 
 // --- Bytes and texts ---
+
+TEST(Rtf, ALiteralIsTakenAsItStands) {
+  EXPECT_EQ(TRTFText::ParseRTF(u"{\\rtf1 a}").FText, u"a");
+  EXPECT_EQ(TRTFText::ParseRTF("{\\rtf1 a}").FText, u"a");
+  EXPECT_EQ(TRTFText::RTFToText(u"{\\rtf1 a}"), u"a");
+  EXPECT_EQ(TRTFText::RTFToText("{\\rtf1 a}"), u"a");
+}
 
 TEST(Rtf, BytesAreReadAsUtf8) {
   const auto data = TRTFText::ParseRTF("{\\rtf1\\ansi\\ansicpg1256 \xD8\xB3\\'d3\xF0\x9F\x98\x80\xFF}"sv);

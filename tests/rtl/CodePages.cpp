@@ -5,7 +5,9 @@
 #include <iconv.h>
 
 #include <cstring>
+#include <map>
 #include <set>
+#include <string_view>
 
 namespace {
 
@@ -40,6 +42,45 @@ TEST(CodePages, EveryByteOfEveryPageIsWhatIconvMakesOfItAlone) {
   }
 }
 
+// Letters of each page from the published tables, written out: a witness that shares no source with the tables.
+struct TStretch {
+  std::uint32_t Page;
+  std::uint8_t First;
+  std::u16string_view Units;
+};
+constexpr TStretch KnownLetters[] = {
+    {874, 0xA1, u"กขฃคฅฆงจฉชซฌญฎฏฐฑฒณดตถทธนบปผฝพฟภมยรฤลฦวศษสหฬอฮฯ"},
+    {1250, 0x8A, u"Š‹ŚŤŽŹ"},
+    {1250, 0xC0, u"ŔÁÂĂÄĹĆÇČÉĘËĚÍÎĎĐŃŇÓÔŐÖ×ŘŮÚŰÜÝŢßŕáâăäĺćçčéęëěíîďđńňóôőö÷řůúűüýţ˙"},
+    {1251, 0xC0, u"АБВГДЕЖЗИЙКЛМНОПРСТУФХЦЧШЩЪЫЬЭЮЯабвгдежзийклмнопрстуфхцчшщъыьэюя"},
+    {1252, 0x91, u"‘’“”•–—˜™š›œ"},
+    {1252, 0xC0, u"ÀÁÂÃÄÅÆÇÈÉÊËÌÍÎÏÐÑÒÓÔÕÖ×ØÙÚÛÜÝÞßàáâãäåæçèéêëìíîïðñòóôõö÷øùúûüýþÿ"},
+    {1253, 0xC1, u"ΑΒΓΔΕΖΗΘΙΚΛΜΝΞΟΠΡ"},
+    {1253, 0xD3, u"ΣΤΥΦΧΨΩΪΫάέήίΰαβγδεζηθικλμνξοπρςστυφχψωϊϋόύώ"},
+    {1254, 0xD0, u"ĞÑÒÓÔÕÖ×ØÙÚÛÜİŞß"},
+    {1254, 0xF0, u"ğñòóôõö÷øùúûüışÿ"},
+    {1255, 0x80, u"€"},
+    {1255, 0xA4, u"₪"},
+    {1255, 0xC0, u"\u05B0\u05B1\u05B2\u05B3\u05B4\u05B5\u05B6\u05B7\u05B8\u05B9"},
+    {1255, 0xE0, u"אבגדהוזחטיךכלםמןנסעףפץצקרשת"},
+    {1255, 0xFD, u"\u200E\u200F"},
+    {1256, 0x80, u"€پ‚ƒ„…†‡ˆ‰ٹ‹Œچژڈگ‘’“”•–—ک™ڑ›œ\u200C\u200Dں\u00A0،¢£¤¥¦§¨©ھ«¬\u00AD®¯°±²³´µ¶·¸¹؛»¼½¾؟"},
+    {1256, 0xC0, u"ہءآأؤإئابةتثجحخدذرزسشصض×طظعغـفقكàلâمنهوçèéêëىيîï"},
+    {1256, 0xF0, u"\u064B\u064C\u064D\u064Eô\u064F\u0650÷\u0651ù\u0652ûü\u200E\u200Fے"},
+    {1257, 0xC0, u"ĄĮĀĆÄÅĘĒČÉŹĖĢĶĪĻŠŃŅÓŌÕÖ×ŲŁŚŪÜŻŽßąįāćäåęēčéźėģķīļšńņóōõö÷ųłśūüżž˙"},
+    {1258, 0xC0, u"ÀÁÂĂÄÅÆÇÈÉÊË\u0300ÍÎÏĐÑ\u0309ÓÔƠÖ×ØÙÚÛÜƯ\u0303ß"},
+    {1258, 0xFD, u"ư₫ÿ"},
+};
+
+TEST(CodePages, TheLettersOfEveryPageStandWhereThePublishedTablesHaveThem) {
+  for (const auto& [number, first, units] : KnownLetters) {
+    const auto page = rtl::FindCodePage(number);
+    ASSERT_TRUE(page) << number;
+    for (std::size_t i = 0; i < units.size(); ++i)
+      EXPECT_EQ((*page)[static_cast<std::uint8_t>(first + i)], units[i]) << number << ' ' << first + i;
+  }
+}
+
 TEST(CodePages, AByteWithoutAMeaningIsTheUnitOfItsValue) {
   const std::set<unsigned> latin = {0x81, 0x8D, 0x8F, 0x90, 0x9D};
   const std::set<unsigned> hebrew = {0x81, 0x8A, 0x8C, 0x8D, 0x8E, 0x8F, 0x90, 0x9A, 0x9C, 0x9D, 0x9E, 0x9F,
@@ -64,15 +105,21 @@ TEST(CodePages, OnlyTheWindowsPagesAreKnown) {
 }
 
 TEST(CodePages, ALanguageNamesItsPage) {
-  EXPECT_EQ(rtl::LanguageCodePage(0x0429), 1256U);
-  EXPECT_EQ(rtl::LanguageCodePage(0x040D), 1255U);
-  EXPECT_EQ(rtl::LanguageCodePage(0x0409), 1252U);
-  EXPECT_EQ(rtl::LanguageCodePage(0x0419), 1251U);
-  EXPECT_EQ(rtl::LanguageCodePage(0x041F), 1254U);
-  EXPECT_EQ(rtl::LanguageCodePage(0x0408), 1253U);
-  EXPECT_EQ(rtl::LanguageCodePage(0x0415), 1250U);
-  EXPECT_EQ(rtl::LanguageCodePage(0x0422), 0U);
-  EXPECT_EQ(rtl::LanguageCodePage(0x10429), 0U);
+  const std::map<std::uint32_t, std::uint32_t> pages = {
+      {0x0429, 1256}, {0x0420, 1256}, {0x0492, 1256},                  // Persian, Urdu, Central Kurdish
+      {0x040D, 1255},                                                  // Hebrew
+      {0x0409, 1252}, {0x0809, 1252}, {0x0407, 1252}, {0x040C, 1252},  // English of two countries, German, French
+      {0x0410, 1252}, {0x0C0A, 1252},                                  // Italian, Spanish
+      {0x0419, 1251}, {0x041F, 1254}, {0x0408, 1253},                  // Russian, Turkish, Greek
+      {0x0415, 1250}, {0x0405, 1250}, {0x040E, 1250},                  // Polish, Czech, Hungarian
+  };
+  constexpr std::uint32_t Arabic = 0x01;
+  for (std::uint32_t id = 0; id <= 0x10FFFF; ++id) {
+    const bool isArabic = (id & 0x3FF) == Arabic && id >= 0x0401 && id <= 0x4001;  // of sixteen countries
+    const auto known = pages.find(id);
+    const std::uint32_t page = isArabic ? 1256 : known == pages.end() ? 0 : known->second;
+    ASSERT_EQ(rtl::LanguageCodePage(id), page) << id;
+  }
 }
 
 TEST(CodePages, ThePagesOfAllLanguagesAreKnownOnesAndNineteenAreArabic) {

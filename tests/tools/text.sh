@@ -32,14 +32,57 @@ printf '{\\rtf1}' >page.html
 run text page.html
 expect_done
 [ ! -s "$out" ] || fail "output: $(cat "$out")"
-
-# Ranges that repeat the tags around them without end are refused; the text is not.
-{ yes '<B>x' | head -n 5000; yes '</B>' | head -n 5000; } | tr -d '\n' >page.html
+printf '\xef\xbb\xbf{\\rtf1 a\\b b}' >page.html
 run text page.html
 expect_done
-[ "$(wc -c <"$out")" -eq 5001 ] || fail "not 5000 letters and a line end"
+[ "$(cat "$out")" = ab ] || fail "not ab: $(cat "$out")"
 run text --ranges page.html
-expect_error 1 'orv text: the tags are too many to list them with every range'
+expect_output '^1 +1 +Bold +"b"$'
+
+# The CR behind the LF of a paragraph is no text of a file; in HTML it is a character like any other.
+printf '{\\rtf1 a\\par b}' >page.html
+run text page.html
+expect_done
+[ "$(od -An -c "$out" | tr -d ' ')" = 'a\nb\n' ] || fail "not a LF b LF: $(od -c "$out")"
+printf '<P>a\n\rb</P>' >page.html
+run text page.html
+expect_done
+[ "$(od -An -c "$out" | tr -d ' ')" = 'a\n\rb\n' ] || fail "not a LF CR b LF: $(od -c "$out")"
+
+# Ranges stay small where their tags do not: nested deep, and with a long attribute around many of them. The innermost
+# tags have a place in the table; JSON has them all.
+shrinks() { [ "$(wc -c <"$out")" -lt "$1" ] || fail "$(wc -c <"$out") bytes, not below $1"; }
+repeat() { printf "$2%.0s" $(seq "$1"); }
+{ repeat 20000 '<B>x'; repeat 20000 '</B>'; } >page.html
+run text page.html
+expect_done
+[ "$(wc -c <"$out")" -eq 20001 ] || fail "not 20000 letters and a line end"
+run text --ranges page.html
+expect_done
+shrinks 10000000
+expect_output '^0 +1 +Bold +"x"$'
+expect_output '^19999 +1 +\.\.\. (Bold ){24} "x"$'
+[ "$(wc -l <"$out")" -eq 20001 ] || fail "$(wc -l <"$out") lines"
+run text --ranges --json page.html
+expect_done
+shrinks 10000000
+expect_output '^      "Parent": 19998$'
+[ "$(grep -c '"Tag":' "$out")" -eq 20000 ] || fail "$(grep -c '"Tag":' "$out") ranges"
+{ printf '<A x="'; repeat 100000 y; printf '">'; repeat 5000 'a<B/>'; printf '</A>'; } >page.html
+run text --ranges page.html
+expect_done
+shrinks 2000000
+expect_output '^4999 +1 +Anchor\(x=y+\.\.\. +"a"$'
+run text --ranges --json page.html
+expect_done
+shrinks 2000000
+printf '<A xy="%s">a</A>' "$(repeat 100 س)" >page.html
+run text --ranges page.html
+expect_output '^0 +1 +Anchor\(xy=س+\.\.\.  "a"$'
+# A text with no tag around it.
+printf 'a' >page.html
+run text --ranges --json page.html
+expect_output '^      "Tag": null$'
 
 # What is refused, and what cannot be read.
 run text

@@ -5,7 +5,6 @@
 #include <utility>
 #include <vector>
 
-#include "rtl/Exceptions.h"
 #include "rtl/Utf8.h"
 #include "tools/orv/Commands.h"
 #include "tools/orv/Table.h"
@@ -26,13 +25,8 @@ struct TArguments {
   bool Json = false;
 };
 
-// A paragraph of RTF ends with LF CR; a file of plain text has LF.
-std::string PlainText(std::u16string_view text) {
-  std::string plain = rtl::ToUtf8(text);
-  std::size_t kept = 0;
-  for (std::size_t i = 0; i < plain.size(); ++i)
-    if (i == 0 || plain[i] != '\r' || plain[i - 1] != '\n') plain[kept++] = plain[i];
-  plain.resize(kept);
+// A text that prints something ends its last line.
+std::string WithLineEnd(std::string plain) {
   if (!plain.empty() && plain.back() != '\n') plain += '\n';
   return plain;
 }
@@ -42,6 +36,16 @@ std::string InQuotes(std::u16string_view text) {
 }
 
 // --- RTF ---
+
+// A paragraph ends with LF CR; a file of plain text has LF.
+std::string PlainText(std::u16string_view text) {
+  std::string plain = rtl::ToUtf8(text);
+  std::size_t kept = 0;
+  for (std::size_t i = 0; i < plain.size(); ++i)
+    if (i == 0 || plain[i] != '\r' || plain[i - 1] != '\n') plain[kept++] = plain[i];
+  plain.resize(kept);
+  return plain;
+}
 
 // "Bold RTL FontSize=12": what differs from the state in which a document begins.
 std::string AttributesOf(const TRTFText::TRTFTextRange& range) {
@@ -79,7 +83,7 @@ void PrintRanges(const TRTFText::TRTFData& data) {
 void RunRtf(const TArguments& arguments, std::string_view bytes) {
   const TRTFText::TRTFData data = TRTFText::ParseRTF(bytes);
   if (!arguments.Ranges)
-    std::cout << PlainText(data.Text());
+    std::cout << WithLineEnd(PlainText(data.Text()));
   else if (arguments.Json)
     std::cout << eval::DocumentValue(data).dump(2) << '\n';
   else
@@ -88,106 +92,124 @@ void RunRtf(const TArguments& arguments, std::string_view bytes) {
 
 // --- HTML ---
 
-// A stretch of the text between two tags, and the tags that are open there, outermost first.
-struct THtmlRange {
-  std::size_t Start;
-  std::u16string_view Text;
-  std::vector<THTMLTag> Tags;
-};
-
-// Every range repeats the tags around it, so a small document can ask for a list of any size. A list longer than this,
-// in characters or so, is refused.
-constexpr std::size_t LongestList = 16'000'000;
-
-std::size_t LengthOf(const THTMLTag& tag) {
-  std::size_t length = 16;  // its name, and what a list entry needs
-  for (const auto& [name, value] : tag.Params()) length += name.size() + value.size();
-  return length;
-}
-
-// In document order, with a stack of its own.
-std::vector<THtmlRange> RangesOf(const THTMLTag& root) {
+// Calls enter at each tag, leave at its end, and inner at each text with its place, in document order: with a stack of
+// its own, since a document may nest deeper than the machine's stack is.
+template <typename TEnter, typename TLeave, typename TInner>
+void Walk(const THTMLTag& root, TEnter enter, TLeave leave, TInner inner) {
   using TIterator = THTMLText::THTMLTags::TIterator;
-  std::vector<THtmlRange> ranges;
-  std::vector<THTMLTag> open;
-  std::vector<std::pair<TIterator, TIterator>> rest;
-  std::size_t start = 0, openLength = 0, listLength = 0;
+  std::vector<std::pair<TIterator, TIterator>> open;
+  std::size_t place = 0;
   const auto visit = [&](const THTMLTag& tag) {
     if (tag.TagType() == THTMLText::THTMLTagType::InnerText) {
-      listLength += openLength;
-      if (listLength > LongestList) throw rtl::Exception("the tags are too many to list them with every range");
-      ranges.push_back({start, tag.ImmediateText(), open});
-      start += tag.ImmediateText().size();
+      inner(place, tag.ImmediateText());
+      place += tag.ImmediateText().size();
     } else {
-      open.push_back(tag);
-      openLength += LengthOf(tag);
-      rest.emplace_back(tag.Children().begin(), tag.Children().end());
+      enter(tag);
+      open.emplace_back(tag.Children().begin(), tag.Children().end());
     }
   };
   visit(root);
-  while (!rest.empty()) {
-    auto& [next, end] = rest.back();
+  while (!open.empty()) {
+    auto& [next, end] = open.back();
     if (next == end) {
-      rest.pop_back();
-      openLength -= LengthOf(open.back());
       open.pop_back();
+      leave();
     } else {
       visit(*next++);
     }
   }
-  return ranges;
 }
 
-// "Paragraph Anchor(HREF=x)".
-std::string TagsOf(const THtmlRange& range) {
-  std::string words;
-  for (const THTMLTag& tag : range.Tags) {
-    std::string params;
-    for (const auto& [name, value] : tag.Params())
-      params += (params.empty() ? "" : " ") + Escaped(name) + "=" + Escaped(value);
-    words += (words.empty() ? "" : " ") + std::string(eval::NameOf(tag.TagType(), eval::TagTypeNames));
-    if (!params.empty()) words += "(" + params + ")";
-  }
+// The tags column is kept this short: a document can nest its ranges as deep as it is long, and give every one of them
+// an attribute as long as all the rest.
+constexpr std::size_t MaxTagsLength = 120;
+constexpr std::string_view Omission = "...";
+
+// At most that many bytes of the UTF-8 text, whole characters, and a sign where some are missing.
+std::string Shortened(std::string text, std::size_t longest) {
+  if (text.size() <= longest) return text;
+  const auto continues = [&text](std::size_t i) { return (static_cast<unsigned char>(text[i]) & 0xC0) == 0x80; };
+  std::size_t length = longest - Omission.size();
+  while (length > 0 && continues(length)) --length;
+  return text.substr(0, length).append(Omission);
+}
+
+// "Anchor(HREF=x)".
+std::string NamedTag(const THTMLTag& tag) {
+  std::string params;
+  for (const auto& [name, value] : tag.Params())
+    params += (params.empty() ? "" : " ") + Escaped(name) + "=" + Escaped(value);
+  std::string word(eval::NameOf(tag.TagType(), eval::TagTypeNames));
+  if (!params.empty()) word += "(" + params + ")";
+  return Shortened(std::move(word), MaxTagsLength);
+}
+
+// "Paragraph Anchor(HREF=x)": the open tags, outermost first. The innermost stay where not all have room.
+std::string TagsOf(const std::vector<std::string>& open) {
+  std::size_t first = open.size();
+  std::size_t length = 0;
+  while (first > 0 && length + open[first - 1].size() <= MaxTagsLength) length += open[--first].size() + 1;
+  std::string words(first > 0 ? Omission : "");
+  for (; first < open.size(); ++first) words += (words.empty() ? "" : " ") + open[first];
   return words;
 }
 
-void PrintRanges(const std::vector<THtmlRange>& ranges) {
+void PrintRanges(const THTMLTag& root) {
   std::vector<TRow> rows = {{"start", "length", "tags", "text"}};
-  for (const THtmlRange& range : ranges)
-    rows.push_back(
-        {std::to_string(range.Start), std::to_string(range.Text.size()), TagsOf(range), InQuotes(range.Text)});
+  std::vector<std::string> open;
+  Walk(
+      root, [&open](const THTMLTag& tag) { open.push_back(NamedTag(tag)); }, [&open] { open.pop_back(); },
+      [&](std::size_t place, std::u16string_view text) {
+        rows.push_back({std::to_string(place), std::to_string(text.size()), TagsOf(open), InQuotes(text)});
+      });
   PrintTable(rows);
 }
 
-TJson RangesValue(const std::vector<THtmlRange>& ranges) {
-  TJson values = TJson::array();
-  for (const THtmlRange& range : ranges) {
-    TJson tags = TJson::array();
-    for (const THTMLTag& tag : range.Tags) {
-      const TJson fields = eval::TagFields(tag);
-      tags.push_back({{"TagType", fields["TagType"]}, {"Params", fields["Params"]}});
-    }
-    values.push_back({{"Range", {range.Start, range.Text.size()}}, {"Tags", std::move(tags)}});
-  }
-  return values;
+// Each tag once, with the index of the tag it stands in; each range with the index of its innermost tag. Null where
+// there is none.
+TJson RangesValue(const THTMLTag& root) {
+  TJson ranges = TJson::array();
+  TJson tags = TJson::array();
+  std::vector<std::size_t> open;
+  const auto innermost = [&open] { return open.empty() ? TJson() : TJson(open.back()); };
+  Walk(
+      root,
+      [&](const THTMLTag& tag) {
+        TJson fields = eval::TagFields(tag);
+        const std::size_t index = tags.size();
+        tags.push_back({{"TagType", std::move(fields["TagType"])},
+                        {"Params", std::move(fields["Params"])},
+                        {"Parent", innermost()}});
+        open.push_back(index);
+      },
+      [&open] { open.pop_back(); },
+      [&](std::size_t place, std::u16string_view text) {
+        ranges.push_back({{"Range", {place, text.size()}}, {"Tag", innermost()}});
+      });
+  return {{"Ranges", std::move(ranges)}, {"Tags", std::move(tags)}};
+}
+
+void PrintJson(const THTMLTag& root, std::u16string_view text) {
+  TJson value = RangesValue(root);
+  value["Text"] = eval::TextValue(text);
+  std::cout << value.dump(2) << '\n';
 }
 
 void RunHtml(const TArguments& arguments, const UnicodeString& text) {
   const THTMLText::THTMLTree tree = THTMLText::ParseHTML(std::u16string_view(text));
   const UnicodeString plain = tree.Root().Text();
   if (!arguments.Ranges)
-    std::cout << PlainText(plain);
+    std::cout << WithLineEnd(rtl::ToUtf8(plain));
   else if (arguments.Json)
-    std::cout << TJson({{"Ranges", RangesValue(RangesOf(tree.Root()))}, {"Text", eval::TextValue(plain)}}).dump(2)
-              << '\n';
+    PrintJson(tree.Root(), plain);
   else
-    PrintRanges(RangesOf(tree.Root()));
+    PrintRanges(tree.Root());
 }
 
 void Run(const TArguments& arguments) {
   const std::string bytes = ReadBytes(arguments.File);
-  if (bytes.starts_with("{\\rtf"))
-    RunRtf(arguments, bytes);
+  if (const std::string_view document = WithoutByteOrderMark(bytes); document.starts_with("{\\rtf"))
+    RunRtf(arguments, document);
   else
     RunHtml(arguments, TextOfBytes(bytes, arguments.File));
 }
@@ -199,7 +221,8 @@ void AddTextCommand(CLI::App& app) {
   text->footer(
       "A document that begins with \"{\\rtf\" is RTF, any other one HTML in UTF-8; docs/markup.md gives the two "
       "subsets.\n"
-      "start and length are UTF-16 code units.\n"
+      "start and length are UTF-16 code units. The table names the innermost tags of a range, as many as fit; as JSON\n"
+      "each range has the index of its innermost tag, and each tag that of the tag around it.\n"
       "\n"
       "Examples:\n"
       "  orv text letter.rtf\n"

@@ -94,11 +94,15 @@ std::string ReadBytes(const std::string& path) {
   return ReadAll(file.get(), path);
 }
 
+std::string_view WithoutByteOrderMark(std::string_view bytes) {
+  if (bytes.starts_with(ByteOrderMark)) bytes.remove_prefix(ByteOrderMark.size());
+  return bytes;
+}
+
 rtl::UnicodeString TextOfBytes(std::string_view bytes, const std::string& path) {
   if (const auto place = FirstMalformedByte(bytes))
     FailReading(path, "it is not UTF-8 (byte " + std::to_string(*place + 1) + ")");
-  if (bytes.starts_with(ByteOrderMark)) bytes.remove_prefix(ByteOrderMark.size());
-  return orv::eval::FromUtf8(bytes);
+  return orv::eval::FromUtf8(WithoutByteOrderMark(bytes));
 }
 
 rtl::UnicodeString ReadTextFile(const std::string& path) {

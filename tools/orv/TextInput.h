@@ -24,6 +24,9 @@ std::optional<std::size_t> FirstMalformedByte(std::string_view utf8);
 // The bytes of a file, or of standard input where path is "-". Raises EInputError.
 std::string ReadBytes(const std::string& path);
 
+// The bytes without a byte order mark at their start.
+std::string_view WithoutByteOrderMark(std::string_view bytes);
+
 // The text of such bytes; a byte order mark at the start is dropped. Raises EInputError, naming the path.
 rtl::UnicodeString TextOfBytes(std::string_view bytes, const std::string& path);
 

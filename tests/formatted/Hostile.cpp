@@ -1,5 +1,5 @@
-// Documents that no program writes: deep, broken, huge. Each gives a result or one of the fixed messages. With a quadratic
-// cost the huge ones would not end within the time that a test is given, so nothing is timed.
+// Documents that no program writes: deep, broken, huge. Each gives a result or one of the fixed messages. With a
+// quadratic cost the huge ones would not end within the time that a test is given, so nothing is timed.
 #include <gtest/gtest.h>
 #include <pthread.h>
 

@@ -1,0 +1,108 @@
+// Cutting the text into lines and directional runs, not measured yet.
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "rtl/Assertions.h"
+#include "textlayout/Orv.TextLayout.GPU.h"
+#include "unicode/OrvSystem.GlobalSettings.h"
+#include "unicode/Unicode.Engine.Types.h"
+
+namespace orv {
+namespace {
+
+// Builds one frame out of the engine's segments.
+class TFrameBuilder {
+ public:
+  TFrameBuilder(std::u16string_view text, fmx::TAlphaColor color, bool rightToLeft)
+      : FText(text), FColor(color), FRightToLeft(rightToLeft) {}
+
+  std::unique_ptr<TGPUFrame> EmptyText() {
+    StartLine(0);
+    AddEmptyRun(0);
+    return std::move(FFrame);
+  }
+
+  std::unique_ptr<TGPUFrame> Build(const TDirectionalRuns& runs) {
+    ORV_ASSERT(runs.Offsets.size() == runs.Bidi.size() + 1 && runs.VisualOrder.size() == runs.Bidi.size(),
+               "The engine's lists differ in length");
+    FAtoms->reserve(FText.size());
+    StartLine(0);
+    for (std::size_t i = 0; i < runs.Bidi.size(); ++i) AddSegment(runs, i);
+    if (FLine->IsEmpty()) AddEmptyRun(runs.Offsets.empty() ? 0 : runs.Offsets.back());
+    return std::move(FFrame);
+  }
+
+ private:
+  void StartLine(std::int32_t start) {
+    FLine = &FFrame->Add(std::make_unique<TGPULine>());
+    FLine->SetStartIndex(start);
+  }
+
+  // A run of no text, which gives a line without any its height. It stands behind the separator before it.
+  void AddEmptyRun(std::int32_t start) {
+    FLine->SetVisualOrderList({0});
+    TGPURun& run = AddRun();
+    run.SetStartIndex(start);
+  }
+
+  TGPURun& AddRun() {
+    TGPURun& run = FLine->Add(std::make_unique<TGPURun>(FAtoms));
+    run.SetColor(FColor, true);
+    return run;
+  }
+
+  void AddSegment(const TDirectionalRuns& runs, std::size_t index) {
+    if (FLine->IsEmpty()) StartParagraph(runs, index);
+    if (runs.Bidi[index] == TBidi::ParagraphSeparator)
+      StartLine(runs.Offsets[index]);
+    else
+      AddTextRun(runs.Offsets[index], runs.Offsets[index + 1], runs.Bidi[index] == TBidi::RightToLeft);
+  }
+
+  // The segments up to the next separator stand in their visual order, the whole list reversed where the layout reads
+  // from right to left.
+  void StartParagraph(const TDirectionalRuns& runs, std::size_t first) {
+    const auto begin = runs.Bidi.begin() + static_cast<std::ptrdiff_t>(first);
+    const auto count = std::find(begin, runs.Bidi.end(), TBidi::ParagraphSeparator) - begin;
+    if (count == 0) {
+      AddEmptyRun(runs.Offsets[first]);
+      return;
+    }
+    const auto order = runs.VisualOrder.begin() + static_cast<std::ptrdiff_t>(first);
+    std::vector<std::int32_t> list(order, order + count);
+    if (FRightToLeft) std::reverse(list.begin(), list.end());
+    const std::int32_t least = *std::min_element(list.begin(), list.end());
+    for (std::int32_t& entry : list) entry -= least;
+    FLine->SetVisualOrderList(std::move(list));
+  }
+
+  void AddTextRun(std::int32_t start, std::int32_t end, bool rightToLeft) {
+    const TGPURun* previous = FLine->IsEmpty() ? nullptr : &FLine->Item(FLine->Count() - 1);
+    TGPURun& run = AddRun();
+    run.SetText(FText, start, end - start, rightToLeft);
+    if (TOrvGlobalSettings::ReplaceQuoteWithPrimeInMeasures()) run.ReplaceQuoteMeasuresToPrimes(previous);
+    if (rightToLeft)
+      run.PrepareComplexArabicCombinations();
+    else
+      run.PrepareArabicDigits();
+  }
+
+  std::u16string_view FText;
+  fmx::TAlphaColor FColor;
+  bool FRightToLeft;
+  std::unique_ptr<TGPUFrame> FFrame = std::make_unique<TGPUFrame>();
+  std::shared_ptr<TUCS4List> FAtoms = std::make_shared<TUCS4List>();
+  TGPULine* FLine = nullptr;  // the one that runs are added to
+};
+
+}  // namespace
+
+std::unique_ptr<TGPUFrame> TTextLayoutNGOrv::CreateFrame() {
+  TFrameBuilder builder(Text(), Color(), RightToLeft());
+  if (Text().empty()) return builder.EmptyText();
+  FCharSequence = Text();
+  return builder.Build(TDirectiveChars::SplitByDirection(FCharSequence, TParagraphBidi::AutoRightToLeft));
+}
+
+}  // namespace orv

@@ -1,0 +1,193 @@
+// The layout pass: the loops over lines, runs and glyphs.
+#include <algorithm>
+#include <utility>
+
+#include "fmx/Log.h"
+#include "rtl/Assertions.h"
+#include "rtl/Strings.h"
+#include "textlayout/Orv.FontGlyphs.h"
+#include "textlayout/Orv.TextLayout.GPU.Pass.h"
+#include "textlayout/Orv.TextLayout.Internal.h"
+
+namespace orv {
+
+using fmx::Log;
+
+TLayoutPass::TLayoutPass(TTextLayoutNGOrv& layout, TGPUFrame& frame)
+    : FLayout(layout),
+      FFrame(frame),
+      FWordWrap(layout.WordWrap()),
+      FTrimming(layout.Trimming()),
+      FRightToLeft(layout.RightToLeft()),
+      FMaxSize(layout.MaxSize()),
+      FScaleFactor(layout.ScaleFactor()),
+      FMaxWidth(layout.MaxSize().X - layout.Padding().Left - layout.Padding().Right) {}
+
+void TLayoutPass::Run() {
+  for (std::int32_t i = 0; i < FFrame.Count(); ++i) {  // wrapping adds lines
+    MeasureLine(i);
+    const TGPULine& line = FFrame.Line(i);
+    FFrame.SetWidth(std::max(FFrame.Width(), line.Width()));
+    FFrame.SetHeight(FFrame.Height() + line.Height());
+  }
+  Align();
+  Clip();
+  FFrame.SetWidth(LargestLineWidth());
+}
+
+// --- The run loop ---
+
+void TLayoutPass::MeasureLine(std::int32_t lineIndex) {
+  Log::d("DoRenderLayout: -- LineIndex: %d", lineIndex);
+  TGPULine& line = FFrame.Line(lineIndex);
+  line.ResetSize();
+  for (std::int32_t i = 0; i < line.Count(); ++i) {  // splitting adds and takes runs
+    Log::d("DoRenderLayout: ---- RunIndex: %d:%d", lineIndex, i);
+    TGPURun& run = PickRun(line, i);
+    Log::d("DoRenderLayout: ---- RunIndex: %d:%d(%d,%d)", lineIndex, i, run.StartIndex(), run.Length());
+    if (!SplitLeadingTab(line, i, run) && MeasureByRenderer(line, lineIndex, i, run)) continue;
+    if (run.Length() == 0) {
+      MeasureEmptyRun(line, run);
+      continue;
+    }
+    const TMeasured m{line, i, run, FLayout.DictionaryOf(run), FLayout.GetFontFor(run)};
+    if (const auto overflow = MeasureGlyphs(m)) BreakRun(m, *overflow, lineIndex, i);
+  }
+}
+
+// Wrapping breaks the text at its logical end; without it, what does not fit goes from the far side of the reading.
+TGPURun& TLayoutPass::PickRun(TGPULine& line, std::int32_t runIndex) const {
+  return FWordWrap ? line.Item(runIndex) : line.GetItemByVisualOrderBidi(FRightToLeft, runIndex);
+}
+
+// A tab at the start of a run is a run of its own. Answers whether the run is such a tab.
+bool TLayoutPass::SplitLeadingTab(TGPULine& line, std::int32_t runIndex, TGPURun& run) const {
+  if (run.Length() == 0 || rtl::UnitAt(FLayout.Text(), run.StartIndex()) != u'\t') return false;
+  if (run.Length() == 1) return true;
+  const std::int32_t itemIndex = line.GetItemIndexByVisualOrderBidi(FRightToLeft, runIndex) + 1;
+  const std::int32_t visualIndex = VisualPlaceBehindTab(line, runIndex);
+  line.Insert(run.Split(TSplitIndex::Of(1, 1)), itemIndex, visualIndex);
+  return true;
+}
+
+// What follows the tab takes, where the runs are picked from right to left, the tab's place, so that it is the next one
+// to be picked.
+std::int32_t TLayoutPass::VisualPlaceBehindTab(const TGPULine& line, std::int32_t runIndex) const {
+  return FRightToLeft && !FWordWrap ? line.Count() - runIndex - 1 : runIndex + 1;
+}
+
+// Answers whether the run has been measured by its internal text layout.
+bool TLayoutPass::MeasureByRenderer(TGPULine& line, std::int32_t lineIndex, std::int32_t& runIndex, TGPURun& run) {
+  if (run.Length() == 0) return false;
+  const fmx::TFont& font = FLayout.GetFontFor(run);
+  if (!TFontGlyphManagerOrv::Current().FontRendererRequired(font)) return false;
+  const std::int32_t itemIndex = line.IndexOf(run);
+  line.SplitAtTabs(FLayout, itemIndex, line.FindVisualIndexOf(itemIndex));
+  run.UpdateTextLayout(run.Font(), lineIndex, FLayout);
+  Log::d("DoRenderLayout: ---- >BreakingText(%d:%d(%d,%d))<", lineIndex, runIndex, run.StartIndex(), run.Length());
+  run.InternalRenderer()->BreakText(runIndex, FTrimming != fmx::TTextTrimming::None);
+  const fmx::TRectF& rect = run.ImageRect();
+  Log::d("DoRenderLayout: ---- <BreakingText(%d:%d(%d,%d)-rect(%f,%f,%f,%f))>", lineIndex, runIndex, run.StartIndex(),
+         run.Length(), rect.Left, rect.Top, rect.Right, rect.Bottom);
+  if (runIndex - 1 >= line.Count()) return true;
+  line.SetWidth(line.Width() + rect.Width());
+  line.MakeAtLeastAsHighAs(rect.Height());
+  return true;
+}
+
+// A run of no text makes its line as high as a bar, and 1 wide.
+void TLayoutPass::MeasureEmptyRun(TGPULine& line, TGPURun& run) const {
+  const fmx::TFont& font = FLayout.GetFontFor(run);
+  const fmx::TCharRec& bar =
+      TGPURun::AddOrGetCharGlyph(nullptr, U'|', FLayout.DictionaryOf(run), font, FLayout.Scale());
+  line.SetWidth(1);
+  line.SetHeight(Scaled(bar.Glyph.VerticalAdvance));
+  run.SetImageRect({0, 0, line.Width(), line.Height()});
+}
+
+// --- The glyph loop ---
+
+// Adds the glyphs to the run and its line. Answers the first atom that does not fit.
+std::optional<std::int32_t> TLayoutPass::MeasureGlyphs(const TMeasured& m) {
+  ORV_ASSERT(m.Run.ImageRect().IsEmpty(), "A run is measured twice");
+  for (std::int32_t k = 0; k < m.Run.UCS4Length(); ++k) {
+    float advance = 0;
+    float height = 0;
+    if (m.Run.Atom(k) == U'\t') {
+      advance = Scaled(FLayout.GetNextTab(m.Run, k, m.Line.Width()));
+    } else {
+      const fmx::TFontGlyph& glyph = GlyphOf(m, k).Glyph;
+      advance = Scaled(glyph.Advance);
+      height = Scaled(glyph.VerticalAdvance);
+    }
+    if (Overflows(m, advance)) return k;
+    m.Run.Widen(advance);
+    m.Run.MakeAtLeastAsHighAs(height);
+    m.Line.SetWidth(m.Line.Width() + advance);
+    m.Line.MakeAtLeastAsHighAs(height);
+  }
+  return std::nullopt;
+}
+
+// The first glyph of a run is not asked, so that every run keeps one on its line.
+bool TLayoutPass::Overflows(const TMeasured& m, float advance) const {
+  if (!(m.Run.GetWidth() > 0) || !(FWordWrap || FTrimming != fmx::TTextTrimming::None)) return false;
+  return m.Line.Width() + advance > FMaxWidth;
+}
+
+// --- Behind an overflow ---
+
+void TLayoutPass::BreakRun(const TMeasured& m, std::int32_t overflow, std::int32_t lineIndex, std::int32_t& runIndex) {
+  TBreak made = FWordWrap ? Wrap(m, overflow) : Trim(m, overflow);
+  if (overflow >= FKeep) {
+    if (made.Excess > 0) TakeOff(m, made.Excess);
+    TakeOff(m, made.Removed);
+  }
+  FKeep = m.Run.UCS4Length();
+  if (m.Run.Trimmed()) AddEllipsis(m);
+  if (!made.SplitLine) return;
+  FFrame.Insert(lineIndex + 1, std::move(made.SplitLine));
+  runIndex = m.Line.Count();
+}
+
+void TLayoutPass::TakeOff(const TMeasured& m, float width) const {
+  m.Line.SetWidth(m.Line.Width() - width);
+  m.Run.Widen(-width);
+}
+
+void TLayoutPass::AddEllipsis(const TMeasured& m) {
+  if (FEllipsis == nullptr) FEllipsis = &FLayout.LayoutGlyph(FLayout.EllipsisChar());
+  const float advance = Scaled(FEllipsis->Glyph.Advance);
+  m.Run.Widen(advance);
+  m.Line.SetWidth(m.Line.Width() + advance);
+  m.Line.MakeAtLeastAsHighAs(Scaled(FEllipsis->Glyph.VerticalAdvance));
+}
+
+// --- Glyphs ---
+
+const fmx::TCharRec& TLayoutPass::GlyphOf(const TMeasured& m, std::int32_t atom) const {
+  return m.Run.AddOrGetAtomGlyph(nullptr, atom, m.Dic, m.Font, FLayout.Scale());
+}
+
+float TLayoutPass::AdvanceOf(const TMeasured& m, std::int32_t atom) const {
+  return m.Run.Atom(atom) == U'\t' ? FLayout.GetTabAdvance(m.Run, atom) : GlyphOf(m, atom).Glyph.Advance;
+}
+
+float TLayoutPass::AdvanceOf(const TGPURun& run, std::int32_t atom) const {
+  if (run.Atom(atom) == U'\t') return FLayout.GetTabAdvance(run, atom);
+  return run.AddOrGetAtomGlyph(nullptr, atom, FLayout.DictionaryOf(run), FLayout.GetFontFor(run), FLayout.Scale())
+      .Glyph.Advance;
+}
+
+float TLayoutPass::SumOfAdvances(const TMeasured& m, const TGPURun& run, std::int32_t first, std::int32_t end) const {
+  float sum = 0;
+  for (std::int32_t i = std::max(first, 0); i < std::min(end, run.UCS4Length()); ++i) {
+    if (run.Atom(i) == U'\t')
+      sum += FLayout.GetTabAdvance(run, i);
+    else
+      sum += run.AddOrGetAtomGlyph(nullptr, i, m.Dic, m.Font, FLayout.Scale()).Glyph.Advance;
+  }
+  return sum;
+}
+
+}  // namespace orv

@@ -1,0 +1,145 @@
+// The system's text layout: text of both directions, measured, wrapped, trimmed, aligned and clipped in lines of
+// directional runs, drawn from glyph textures, and asked for places and positions.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "fmx/Brush.h"
+#include "fmx/FontGlyph.h"
+#include "fmx/GPUTextLayout.h"
+#include "rtl/Exceptions.h"
+#include "textlayout/Orv.TextLayout.GPU.Glyphs.h"
+#include "textlayout/Orv.TextLayout.GPU.Line.h"
+#include "textlayout/Orv.TextLayout.h"
+
+namespace orv {
+
+// A number that must be finite is not.
+class ENotFinite : public rtl::Exception {
+ public:
+  using Exception::Exception;
+  std::string_view ClassName() const noexcept override { return "ENotFinite"; }
+};
+void RequireFinite(float value, std::string_view what);
+
+class TTextLayoutNGOrv;
+
+// Cuts what sticks out of the layout's box off a destination, and the same, in pixels of the layout's scale, off its
+// source. What lies wholly outside leaves them empty.
+void CutToBox(const TTextLayoutNGOrv& layout, fmx::TRectF& src, fmx::TRectF& dest);
+
+// An attribute that may be a selection: a selection holds for what is seen between its ends, in visual order.
+class TTextAttributedRangeBidi : public fmx::TTextAttributedRange {
+ public:
+  TTextAttributedRangeBidi(fmx::TTextRange range, fmx::TTextAttribute attribute, bool isSelection)
+      : TTextAttributedRange(range, std::move(attribute)), IsSelection(isSelection) {}
+  std::string_view ClassName() const override { return "TTextAttributedRangeBidi"; }
+
+  bool IsSelection;
+};
+
+// Lengths of the frame are logical units, metrics of glyphs and TabSize device pixels. Positions are UTF-16 code units
+// of the text. A render makes a new frame: references into the one before do not outlive it. One thread, which is that
+// of all layouts.
+class TTextLayoutNGOrv : public fmx::TGPUTextLayout {
+ public:
+  static constexpr int SlotCount = fmx::TGPUTextLayout::SlotCount;
+  static orv::TClass Class();
+
+  explicit TTextLayoutNGOrv(fmx::TCanvas* canvas = nullptr, orv::TClass aClass = Class());
+  ~TTextLayoutNGOrv() override;
+
+  // --- Properties ---
+
+  // Device pixels of a logical unit: the screen's at first, then that of the canvas. Raises ENotFinite, and changes
+  // nothing for a value that is not above 0.
+  float Scale() const { return FScale; }
+  void SetScale(float scale);
+  float ScaleFactor() const { return FScaleFactor; }
+
+  // The distance of tab stops in device pixels. 0, as at first, makes the next render take eight blanks of its font,
+  // which then stays. Raises ENotFinite; a value below 0 counts as 0. A render that something else calls for takes it.
+  float TabSize() const { return FTabSize; }
+  void SetTabSize(float size);
+
+  // btContext at first. A render that something else calls for takes it.
+  TBidiSelectionType BidiSelectionType() const { return FBidiSelectionType; }
+  void SetBidiSelectionType(TBidiSelectionType type) { FBidiSelectionType = type; }
+
+  // While it is on, lines are not cut at the sides of the box. Renders at once.
+  bool MeasuringText() const { return FMeasuringText; }
+  void SetMeasuringText(bool measuring);
+
+  // Right to left mirrors nothing here: the control that owns the layout does.
+  fmx::TTextAlign RealHorizontalAlign() const { return HorizontalAlign(); }
+  // Whether the text reads from right to left. Once RightToLeft is set it stays until a caller clears it. A text of
+  // digits alone does where it is not aligned to the leading side.
+  bool IsTextRightToLeft() const;
+
+  // --- What a render made ---
+
+  const TGPUFrame& Frame() const { return *FFrame; }
+  TGPUFrame& Frame() { return *FFrame; }
+  // The text of the frame.
+  std::u16string_view CharSequence() const { return FCharSequence; }
+  TFontKey FontKey() const { return FFontKey; }
+
+  const fmx::TFont& GetFontFor(const TGPURun& run) const { return run.Font() ? *run.Font() : Font(); }
+  TAtomDic& DictionaryOf(const TGPURun& run) const { return TGlyphAtlas::GetAtomDictionary(GetFontFor(run), FScale); }
+  // The metrics of a character in the layout's font.
+  const fmx::TCharRec& LayoutGlyph(UCS4Char character) const;
+  UCS4Char EllipsisChar() const { return FEllipsisChar; }
+
+  // The advance from the position, in logical units, to the next tab stop, in device pixels; a position on a stop goes
+  // to the next. It becomes the draw tag of the atom.
+  float GetNextTab(TGPURun& run, std::int32_t index, float position) const;
+  // That of the atom's tag; raises rtl::Exception "Internal Error" for another atom.
+  float GetTabAdvance(const TGPURun& run, std::int32_t index) const { return run.DrawTag(index).TabAdvance(); }
+
+  // --- Queries ---
+
+  // The boxes of the units, without the layout's TopLeft.
+  fmx::TRegion MeasureRange(std::int32_t pos, std::int32_t length);
+
+  // --- Hooks ---
+
+  void DoRenderLayout();
+  void DoDrawLayout(fmx::TCanvas& canvas);
+  void DoColorChanaged() {}
+  float GetTextHeight();
+  float GetTextWidth();
+  fmx::TRectF GetTextRect();
+  std::int32_t DoPositionAtPoint(fmx::TPointF point);
+  fmx::TRegion DoRegionForRange(fmx::TTextRange range);
+  void DoConvertToPath(fmx::TPathData& path);
+
+  // --- Scenes ---
+
+  static void BeginRender() { TGlyphAtlas::BeginRender(); }
+  static void EndRender() { TGlyphAtlas::EndRender(); }
+
+ private:
+  void TakeScale(float scale);
+  std::unique_ptr<TGPUFrame> CreateFrame();
+  void ApplyAttributes(TGPUFrame& frame) const;
+  bool FrameLacksText() const;
+
+  fmx::TAlphaColor FOldColor = 0;  // at the last render
+  float FScale = 1;
+  float FScaleFactor = 1;
+  std::unique_ptr<TGPUFrame> FFrame;
+  std::unique_ptr<TGPUFrame> FUnclippedFrame;  // for measuring, made when asked for
+  std::unique_ptr<TGPUFrame> FFrame3D;         // for outlines, likewise
+  UCS4Char FEllipsisChar = 0x2026;
+  TFontKey FFontKey = 0;
+  fmx::TStrokeBrush FStrokeBrush;
+  float FTabSize = 0;
+  std::u16string FCharSequence;
+  TBidiSelectionType FBidiSelectionType = TBidiSelectionType::btContext;
+  bool FMeasuringText = false;
+};
+
+}  // namespace orv

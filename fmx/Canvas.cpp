@@ -132,8 +132,9 @@ bool TCanvas::Prepare(float opacity) {
 
 float TCanvas::Align(float v, float translation) const {
   if (!FState.Matrix.IsTranslation() || !std::isfinite(v)) return v;
-  const double scale = double{Scale()};
-  const double aligned = static_cast<double>(Round((double{v} + double{translation}) * scale)) / scale;
+  // In single precision: what is a half there is one, and goes to the even pixel.
+  const float device = (v + translation) * Scale();
+  const double aligned = static_cast<double>(Round(double{device})) / double{Scale()};
   return static_cast<float>(aligned - double{translation});
 }
 

@@ -9,8 +9,8 @@ namespace {
 
 struct TCurrentManager {
   std::unique_ptr<TFontGlyphManagerOrv> Manager;
-  bool IsDefault = true;                // of the framework's back end
-  std::uint64_t MadeAt = 0;             // the framework's generation of a default one
+  bool IsDefault = true;     // of the framework's back end
+  std::uint64_t MadeAt = 0;  // the framework's generation of a default one
   std::uint64_t Changes = 0;
 };
 

@@ -145,8 +145,7 @@ void TLayoutPass::ClipFirstPart(TGPULine& line, TGPURun& run) const {
   const std::int32_t offset = renderer.GetOffsetForAdvance(-left);
   Log::d(
       "DoRenderLayout: InternalTextLayout->GetOffsetForAdvance Run: %d.%d(%d, %d), X: %f, offserforAdvance:%d, char:%s",
-      renderer.Line(), line.IndexOf(run), run.StartIndex(), run.Length(), -left, offset,
-      renderer.CharAt(offset));
+      renderer.Line(), line.IndexOf(run), run.StartIndex(), run.Length(), -left, offset, renderer.CharAt(offset));
   const float width = renderer.MeasureText(offset, run.EndIndex()).Width();
   Log::d("DoRenderLayout: InternalTextLayout->RightClipping RunPosition: (%2.2f,%2.2f), ClipSize:%2.2f", left,
          line.TopLeft().Y, width);
@@ -161,13 +160,15 @@ void TLayoutPass::ClipRight(TGPULine& line) const {
   const float left = line.TopLeft().X;
   if (!(FMaxSize.X > left) || line.IsEmpty()) return;
   TGPURun& run = line.VisualLast();
-  if (IsEmpty(run) || !(run.ImageRect().Right + left > FMaxSize.X)) return;
-  if (run.ImageRect().Left + left > FMaxSize.X) {
-    line.SetWidth(line.Width() - run.GetWidth());
-    line.DeleteByVisualOrderIndex(line.Count() - 1);
-    return;
+  if (run.Length() > 0 && run.ImageRect().Right + left > FMaxSize.X) {
+    if (run.ImageRect().Left + left > FMaxSize.X) {
+      line.SetWidth(line.Width() - run.GetWidth());
+      line.DeleteByVisualOrderIndex(line.Count() - 1);
+      return;
+    }
+    run.HasInternalRenderer() ? ClipLastPart(line, run) : ClipLastAtoms(line, run);
   }
-  run.HasInternalRenderer() ? ClipLastPart(line, run) : ClipLastAtoms(line, run);
+  // Also a run that was empty before.
   if (run.Length() <= 0) line.DeleteByVisualOrderIndex(line.Count() - 1);
 }
 

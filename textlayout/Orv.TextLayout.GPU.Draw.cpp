@@ -147,14 +147,12 @@ class TDrawPass {
   }
 
   fmx::TRectF DestOf(const fmx::TCharRec& record, fmx::TPointF corner) const {
-    return fmx::TRectF::FromSize(corner, record.SrcRect.Width() * FScaleFactor,
-                                 record.SrcRect.Height() * FScaleFactor);
+    return fmx::TRectF::FromSize(corner, record.SrcRect.Width() * FScaleFactor, record.SrcRect.Height() * FScaleFactor);
   }
 
   // Below the letter before it by a fifth of that letter's height, or above it by a third of its own.
   float TopOfMark(const TGPURun& run, std::int32_t index, const TRunGlyphs& glyphs, const fmx::TCharRec& mark) const {
-    const fmx::TCharRec& letter =
-        run.AddOrGetAtomGlyph(&FCanvas, index - 1, glyphs.Dic, glyphs.Font, FLayout.Scale());
+    const fmx::TCharRec& letter = run.AddOrGetAtomGlyph(&FCanvas, index - 1, glyphs.Dic, glyphs.Font, FLayout.Scale());
     const float top = FPos.Y + FBaseShift;
     if (IsKasra(run.Atom(index))) return WholeUnits(top + letter.SrcRect.Height() * FScaleFactor / 5);
     return WholeUnits(top + static_cast<float>(letter.Glyph.Origin.Y) * FScaleFactor -
@@ -164,9 +162,8 @@ class TDrawPass {
   // Answers its advance in device pixels. It is not cut to the box.
   float DrawEllipsis() {
     const fmx::TFont& font = FLayout.Font();
-    const fmx::TCharRec& record =
-        TGPURun::AddOrGetCharGlyph(&FCanvas, FLayout.EllipsisChar(),
-                                   TGlyphAtlas::GetAtomDictionary(font, FLayout.Scale()), font, FLayout.Scale());
+    const fmx::TCharRec& record = TGPURun::AddOrGetCharGlyph(
+        &FCanvas, FLayout.EllipsisChar(), TGlyphAtlas::GetAtomDictionary(font, FLayout.Scale()), font, FLayout.Scale());
     Modulate(FLayout.Color());
     if (record.Bitmap() != nullptr)
       FCanvas.DrawBitmap(*record.Bitmap(), record.SrcRect, DestOf(record, CornerOf(record, FBaseShift)),
@@ -181,7 +178,8 @@ class TDrawPass {
     const float thickness = glyphs.Font.Size() / 15;
     FStroke.SetColor(run.Color());
     FStroke.SetThickness(thickness);
-    if (style.Contains(fmx::TFontStyle::StrikeOut)) DrawRunLine(run, FPos.Y + FBaseShift + run.ImageRect().Height() / 2);
+    if (style.Contains(fmx::TFontStyle::StrikeOut))
+      DrawRunLine(run, FPos.Y + FBaseShift + run.ImageRect().Height() / 2);
     if (style.Contains(fmx::TFontStyle::Underline))
       DrawRunLine(run, FPos.Y + FBaseShift + glyphs.Dic.FBaseline * FScaleFactor + thickness * 1.5F);
   }

@@ -85,8 +85,8 @@ class TGPULine {
   // The runs from that visual index on.
   void RepositionFrom(std::int32_t visualIndex, float delta);
 
-  // The position of the line's paragraph: of the text's start, or of the line end before it. A line made by wrapping has
-  // that of the line it was cut from.
+  // The position of the line's paragraph: of the text's start, or of the line end before it. A line made by wrapping
+  // has that of the line it was cut from.
   std::int32_t StartIndex() const { return FStartIndex; }
   void SetStartIndex(std::int32_t start) { FStartIndex = start; }
 

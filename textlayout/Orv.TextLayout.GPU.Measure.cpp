@@ -16,10 +16,7 @@ namespace {
 class TRangeWalk {
  public:
   TRangeWalk(const TTextLayoutNGOrv& layout, std::int32_t pos, std::int64_t length)
-      : FLayout(layout),
-        FTextLength(static_cast<std::int32_t>(layout.Text().size())),
-        FPos(pos),
-        FLength(length) {}
+      : FLayout(layout), FTextLength(static_cast<std::int32_t>(layout.Text().size())), FPos(pos), FLength(length) {}
 
   fmx::TRegion Run(const TGPUFrame& frame) {
     for (std::int32_t i = 0; i < frame.Count(); ++i) {
@@ -93,8 +90,8 @@ class TRangeWalk {
     return box;
   }
 
-  // Logical units, below 0 in a run that goes to the left. A tab is measured from the end of the line, and keeps that as
-  // its advance.
+  // Logical units, below 0 in a run that goes to the left. A tab is measured from the end of the line, and keeps that
+  // as its advance.
   float Advance(const TGPULine& line, TGPURun& run, std::int32_t index, TAtomDic& dic) const {
     const float advance =
         run.Atom(index) == U'\t'
@@ -145,20 +142,24 @@ fmx::TRegion TTextLayoutNGOrv::MeasureRange(std::int32_t pos, std::int32_t lengt
 fmx::TRegion TTextLayoutNGOrv::DoRegionForRange(fmx::TTextRange range) {
   if (range.Pos < 0 || range.Length < 0) return {};
   const auto length = static_cast<std::int32_t>(Text().size());
+  const bool isEnd = range.Pos == length && range.Length == 0;
   fmx::TRegion region;
-  if (range.Pos == length && range.Length == 0 && length > 0) {
+  if (isEnd && length > 0) {
     region = MeasureRange(length - 1, 1);
     for (fmx::TRectF& rect : region) Collapse(rect, RightToLeft());
-  } else if (range.Pos != length || range.Length != 0) {
-    region = MeasureRange(range.Pos, range.Length);
-  }
-  if (region.empty()) {
-    fmx::TRectF rect = GetTextRect();
-    Collapse(rect, true);
-    return {rect};
+  } else {
+    if (!isEnd) region = MeasureRange(range.Pos, range.Length);
+    if (region.empty()) return {PlaceOfNothing()};
   }
   for (fmx::TRectF& rect : region) rect = rect.Offset(TopLeft());
   return region;
+}
+
+// The left edge of the text, for a range that has no box.
+fmx::TRectF TTextLayoutNGOrv::PlaceOfNothing() {
+  fmx::TRectF rect = GetTextRect();
+  Collapse(rect, true);
+  return rect;
 }
 
 }  // namespace orv

@@ -103,8 +103,8 @@ class TLayoutPass {
   const fmx::TPointF FMaxSize;
   const float FScaleFactor;
   const float FMaxWidth;
-  // Kept from one overflow of the render to the next: the room for a trimmed text is that at the first, and the count of
-  // atoms kept at an overflow decides at the following one whether widths are taken off.
+  // Kept from one overflow of the render to the next: the room for a trimmed text is that at the first, and the count
+  // of atoms kept at an overflow decides at the following one whether widths are taken off.
   const fmx::TCharRec* FEllipsis = nullptr;
   float FTrimEnd = TrimEndUnset;
   std::int32_t FKeep = 0;

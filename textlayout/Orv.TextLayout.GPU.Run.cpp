@@ -45,8 +45,7 @@ float TDrawTagRec::TabAdvance() const {
   return Value;
 }
 
-TGPURun::TGPURun(std::shared_ptr<TUCS4List> atoms)
-    : FAtoms(atoms ? std::move(atoms) : std::make_shared<TUCS4List>()) {}
+TGPURun::TGPURun(std::shared_ptr<TUCS4List> atoms) : FAtoms(atoms ? std::move(atoms) : std::make_shared<TUCS4List>()) {}
 
 TGPURun::~TGPURun() = default;
 
@@ -201,7 +200,8 @@ void TGPURun::EnsureDrawTagsPresence() {
 }
 
 void TGPURun::SetDrawTag(std::int32_t index, TDrawTagRec tag) {
-  if (index >= 0 && static_cast<std::size_t>(index) < FDrawTags.size()) FDrawTags[static_cast<std::size_t>(index)] = tag;
+  if (index >= 0 && static_cast<std::size_t>(index) < FDrawTags.size())
+    FDrawTags[static_cast<std::size_t>(index)] = tag;
 }
 
 TDrawTagRec TGPURun::DrawTag(std::int32_t index) const {

@@ -24,9 +24,7 @@ TClass TTextLayoutNGOrv::Class() {
 }
 
 TTextLayoutNGOrv::TTextLayoutNGOrv(fmx::TCanvas* canvas, TClass aClass)
-    : TGPUTextLayout(canvas, aClass),
-      FFrame(std::make_unique<TGPUFrame>()),
-      FStrokeBrush(fmx::TAlphaColors::Black) {
+    : TGPUTextLayout(canvas, aClass), FFrame(std::make_unique<TGPUFrame>()), FStrokeBrush(fmx::TAlphaColors::Black) {
   TakeScale(fmx::ScreenScale());
 }
 

@@ -126,6 +126,7 @@ class TTextLayoutNGOrv : public fmx::TGPUTextLayout {
   std::unique_ptr<TGPUFrame> CreateFrame();
   void ApplyAttributes(TGPUFrame& frame) const;
   bool FrameLacksText() const;
+  fmx::TRectF PlaceOfNothing();
 
   fmx::TAlphaColor FOldColor = 0;  // at the last render
   float FScale = 1;

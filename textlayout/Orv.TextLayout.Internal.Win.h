@@ -46,8 +46,7 @@ class TInternalTextLayoutWin : public TInternalTextLayout {
 
  private:
   std::int32_t DoGetOffsetForAdvance(std::u16string_view text, float x, float scale) override;
-  std::int32_t DoBreakText(std::u16string_view text, float maxWidth, float& width, float& height,
-                           float scale) override;
+  std::int32_t DoBreakText(std::u16string_view text, float maxWidth, float& width, float& height, float scale) override;
   fmx::TRectF DoMeasureText(std::u16string_view text, std::int32_t from, std::int32_t to, float scale) override;
   float DoDrawText(std::u16string_view text, fmx::TCanvas& canvas, fmx::TPointF position) override;
   fmx::TBitmap& GetBitmap(bool& cached);

@@ -32,10 +32,10 @@ std::string OpOf(const std::string& request) {
   return json["op"].get<std::string>();
 }
 
-bool AgreeAsNumbers(const TJson& a, const TJson& b) {
+bool AgreeAsNumbers(const TJson& a, const TJson& b, double tolerance) {
   if (a.is_number_float() || b.is_number_float()) {
     const double x = a.get<double>(), y = b.get<double>();
-    return x == y || std::fabs(x - y) <= 1e-9;
+    return x == y || std::fabs(x - y) <= tolerance;
   }
   return a == b;
 }
@@ -45,13 +45,14 @@ std::string Shown(const TJson& value) {
 }
 
 // The first difference below path.
-std::string DifferenceAt(const std::string& path, const TJson& expected, const TJson& actual) {
+std::string DifferenceAt(const std::string& path, const TJson& expected, const TJson& actual, double tolerance) {
   const auto different = [&] { return path + ": expected " + Shown(expected) + ", got " + Shown(actual); };
-  if (expected.is_number() && actual.is_number()) return AgreeAsNumbers(expected, actual) ? "" : different();
+  if (expected.is_number() && actual.is_number()) return AgreeAsNumbers(expected, actual, tolerance) ? "" : different();
   if (expected.is_array() && actual.is_array()) {
     if (expected.size() != actual.size()) return different();
     for (std::size_t i = 0; i < expected.size(); ++i)
-      if (auto inner = DifferenceAt(path + "[" + std::to_string(i) + "]", expected[i], actual[i]); !inner.empty())
+      if (auto inner = DifferenceAt(path + "[" + std::to_string(i) + "]", expected[i], actual[i], tolerance);
+          !inner.empty())
         return inner;
     return {};
   }
@@ -59,7 +60,7 @@ std::string DifferenceAt(const std::string& path, const TJson& expected, const T
     if (expected.size() != actual.size()) return different();
     for (const auto& [key, value] : expected.items()) {
       if (!actual.contains(key)) return different();
-      if (auto inner = DifferenceAt(path + "." + key, value, actual[key]); !inner.empty()) return inner;
+      if (auto inner = DifferenceAt(path + "." + key, value, actual[key], tolerance); !inner.empty()) return inner;
     }
     return {};
   }
@@ -99,23 +100,24 @@ TJson WithoutDateTime(TJson result) {
 
 }  // namespace
 
-std::string Difference(const TJson& expected, const TJson& actual) {
+std::string Difference(const TJson& expected, const TJson& actual, double tolerance) {
   const auto part = [](const TJson& answer, const char* name) {
     return answer.contains(name) ? WithoutDateTime(answer[name]) : TJson();
   };
   for (const char* name : {"id", "ok", "result"})
-    if (auto difference = DifferenceAt(name, part(expected, name), part(actual, name)); !difference.empty())
+    if (auto difference = DifferenceAt(name, part(expected, name), part(actual, name), tolerance); !difference.empty())
       return difference;
-  return DifferenceAt("error.class", part(part(expected, "error"), "class"), part(part(actual, "error"), "class"));
+  return DifferenceAt("error.class", part(part(expected, "error"), "class"), part(part(actual, "error"), "class"),
+                      tolerance);
 }
 
-void ExpectVectorsHold(const std::filesystem::path& name, const std::string& op) {
+void ExpectVectorsHold(const std::filesystem::path& name, const std::string& op, double tolerance) {
   std::size_t tried = 0, failed = 0;
   for (const TVector& vector : ReadVectors(name)) {
     if (!op.empty() && vector.Op != op) continue;
     ++tried;
     const std::string difference =
-        Difference(TJson::parse(vector.Expected), TJson::parse(eval::Answer(vector.Request)));
+        Difference(TJson::parse(vector.Expected), TJson::parse(eval::Answer(vector.Request)), tolerance);
     if (difference.empty() || ++failed > MostReports) continue;
     ADD_FAILURE() << name.string() << " line " << vector.Line << "\n  " << vector.Request << "\n  " << difference;
   }

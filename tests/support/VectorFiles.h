@@ -21,14 +21,15 @@ struct TVector {
 // of different lengths.
 std::vector<TVector> ReadVectors(const std::filesystem::path& name);
 
-// Whether two answers agree: id and ok equal, results equal with numbers to 1e-9, errors by class alone; the date-time
-// beside a false Result is not compared. Answers the first difference as a path and both values, or an empty text.
-std::string Difference(const eval::TJson& expected, const eval::TJson& actual);
+// Whether two answers agree: id and ok equal, results equal with numbers to the tolerance, errors by class alone; the
+// date-time beside a false Result is not compared. Answers the first difference as a path and both values, or an empty
+// text.
+std::string Difference(const eval::TJson& expected, const eval::TJson& actual, double tolerance = 1e-9);
 
 // Answers every request with that op (all of them for an empty op) through orv::eval::Answer and fails the running test
 // for each answer that differs. On a difference writes all answers to NAME.expected.jsonl.new in the build folder, to
 // be looked at and, where the change is meant, moved over the old file. Fails when no vector has that op.
-void ExpectVectorsHold(const std::filesystem::path& name, const std::string& op = {});
+void ExpectVectorsHold(const std::filesystem::path& name, const std::string& op = {}, double tolerance = 1e-9);
 
 // The ops that occur, each once, in the order of their names.
 std::vector<std::string> OpsOf(const std::filesystem::path& name);

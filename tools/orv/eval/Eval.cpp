@@ -15,7 +15,7 @@ namespace {
 constexpr int DepthLimit = 64;
 
 std::vector<std::span<const TOp>> OpTables() {
-  return {TextOps(), CalendarOps(), ClassicOps(), MarkupOps(), ReaderOps(), ClassOps()};
+  return {TextOps(), CalendarOps(), ClassicOps(), MarkupOps(), ReaderOps(), ClassOps(), LayoutOps()};
 }
 
 const TOp* FindOp(std::string_view name) {

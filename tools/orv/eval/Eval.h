@@ -26,6 +26,7 @@ std::span<const TOp> ClassicOps();
 std::span<const TOp> MarkupOps();
 std::span<const TOp> ReaderOps();
 std::span<const TOp> ClassOps();
+std::span<const TOp> LayoutOps();
 
 // The answer to one request line, without a line end. Never raises.
 std::string Answer(std::string_view line);

@@ -17,10 +17,14 @@ TBitmap::TBitmap(std::int32_t width, std::int32_t height, float bitmapScale) {
 }
 
 void TBitmap::SetSize(std::int32_t width, std::int32_t height) {
-  if (IsBusy()) return;
+  if (!IsBusy()) Replace(TBitmapSurface(width, height));
+}
+
+// The canvas goes first: it draws on the old pixels.
+void TBitmap::Replace(TBitmapSurface pixels) {
   FCanvas.reset();
   FHandle.reset();
-  FSurface.SetSize(width, height);
+  FSurface = std::move(pixels);
   Touch();
 }
 
@@ -37,8 +41,7 @@ void TBitmap::Clear(TAlphaColor color) {
 
 void TBitmap::Assign(const TBitmap& other) {
   if (&other == this || IsBusy()) return;
-  SetSize(0, 0);
-  FSurface = other.FSurface;
+  Replace(other.FSurface);
   SetBitmapScale(other.FBitmapScale);
 }
 

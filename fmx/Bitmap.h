@@ -41,7 +41,8 @@ class TBitmap {
   std::int32_t Height() const { return FSurface.Height(); }
   bool IsEmpty() const { return FSurface.IsEmpty(); }
 
-  // Makes all pixels transparent and drops the canvas. Raises EBitmapSizeTooBig beyond fmx/Limits.h.
+  // Makes all pixels transparent and drops the canvas. Raises EBitmapSizeTooBig beyond fmx/Limits.h, and leaves the
+  // bitmap as it was then.
   void SetSize(std::int32_t width, std::int32_t height);
 
   // Pixels of a logical unit, 1 at first. A value that is not above 0 changes nothing. Drops the canvas.
@@ -78,6 +79,7 @@ class TBitmap {
   friend class TBitmapData;
   bool IsBusy() const;
   void Close(TMapAccess access);
+  void Replace(TBitmapSurface pixels);
 
   TBitmapSurface FSurface;
   float FBitmapScale = 1;

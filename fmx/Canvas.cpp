@@ -69,7 +69,7 @@ bool TCanvas::BeginScene(std::span<const TRectF> clipRects, void* context) {
     ++FSceneCount;
     return true;
   }
-  if (!Call<TSlots::DoBeginScene>(clipRects, context)) return false;
+  if (!OpenTarget(clipRects, context)) return false;
   FSceneCount = 1;
   FSaved.clear();
   FState.Matrix = {};
@@ -77,6 +77,14 @@ bool TCanvas::BeginScene(std::span<const TRectF> clipRects, void* context) {
   if (!clipRects.empty()) FState.Clip.Intersect(DeviceMatrix(), clipRects);
   StateChanged();
   return true;
+}
+
+// Each DoBeginScene that comes back has its DoEndScene, one that was refused at once: a class that wraps the two, and
+// counts whatever the inner one answers, is at its old count then. One that raises has no end, in the wrapper neither.
+bool TCanvas::OpenTarget(std::span<const TRectF> clipRects, void* context) {
+  if (Call<TSlots::DoBeginScene>(clipRects, context)) return true;
+  Call<TSlots::DoEndScene>();
+  return false;
 }
 
 void TCanvas::EndScene() {
@@ -87,14 +95,16 @@ void TCanvas::EndScene() {
 }
 
 TCanvas::TSavedState TCanvas::SaveState() {
-  if (FSaved.size() < MaxSavedStates) FSaved.push_back(FState);
-  return FSaved.size() - 1;
+  if (FSaved.size() < MaxSavedStates) FSaved.push_back({++FLastSerial, FState});
+  return FSaved.back().Serial;
 }
 
 void TCanvas::RestoreState(TSavedState state) {
-  if (state >= FSaved.size()) return;
-  FState = FSaved[state];
-  FSaved.resize(state);
+  const auto saved = std::lower_bound(FSaved.begin(), FSaved.end(), state,
+                                      [](const TSaved& each, TSavedState wanted) { return each.Serial < wanted; });
+  if (saved == FSaved.end() || saved->Serial != state) return;
+  FState = saved->State;
+  FSaved.erase(saved, FSaved.end());
   StateChanged();
 }
 
@@ -104,7 +114,7 @@ void TCanvas::StateChanged() {
 }
 
 void TCanvas::SetMatrix(const TMatrix& matrix) {
-  if (!matrix.IsFinite()) return;
+  if (!(matrix * TMatrix::Scaling(Scale(), Scale())).IsFinite()) return;
   FState.Matrix = matrix;
   FMatrixTold = false;
 }
@@ -202,12 +212,12 @@ void TCanvas::DrawLine(TPointF from, TPointF to, float opacity, const TStrokeBru
 }
 
 void TCanvas::FillPath(const TPathData& path, float opacity, const TBrush& brush) {
-  if (path.IsEmpty() || !path.GetBounds().IsFinite() || brush.IsInvisible() || !Prepare(opacity)) return;
+  if (path.IsEmpty() || !path.IsFinite() || brush.IsInvisible() || !Prepare(opacity)) return;
   Call<TSlots::DoFillPath>(path, HeldOpacity(opacity), brush);
 }
 
 void TCanvas::DrawPath(const TPathData& path, float opacity, const TStrokeBrush& brush) {
-  if (path.IsEmpty() || !path.GetBounds().IsFinite() || !CanBeSeen(brush) || !Prepare(opacity)) return;
+  if (path.IsEmpty() || !path.IsFinite() || !CanBeSeen(brush) || !Prepare(opacity)) return;
   Call<TSlots::DoDrawPath>(path, HeldOpacity(opacity), brush);
 }
 

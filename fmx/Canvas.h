@@ -43,8 +43,8 @@ struct TCanvasTarget {
 // time that wraps some of them.
 class TCanvas : public orv::TRewritableObject {
  public:
-  // The states that SaveState kept; give it to RestoreState.
-  using TSavedState = std::size_t;
+  // A state that SaveState kept; give it to RestoreState. A canvas gives each value once.
+  using TSavedState = std::uint64_t;
 
   // The replaceable operations in the order of their slots.
   struct TSlots {
@@ -105,7 +105,7 @@ class TCanvas : public orv::TRewritableObject {
 
   // From logical units to logical units of the target.
   const TMatrix& Matrix() const { return FState.Matrix; }
-  // A matrix that is not finite is not taken.
+  // A matrix that is not finite, or not with the scale, is not taken.
   void SetMatrix(const TMatrix& matrix);
   // Transforms by the matrix first, then by what was there.
   void MultiplyMatrix(const TMatrix& matrix) { SetMatrix(matrix * FState.Matrix); }
@@ -162,7 +162,8 @@ class TCanvas : public orv::TRewritableObject {
                   bool highSpeed = false);
 
   // Text in the canvas's font and fill colour, by the layout class registered for the canvas (fmx/TextLayoutManager.h).
-  // All of these raise ENotRegistered where there is none. What is wider than the rectangle is cut off.
+  // They raise ENotRegistered where there is none; FillText outside of a scene, of an empty text or with a brush that
+  // cannot be seen comes back before it looks. What is wider than the rectangle is cut off.
   void FillText(const TRectF& rect, std::u16string_view text, bool wordWrap, float opacity, TTextAlign horizontal,
                 TTextAlign vertical = TTextAlign::Center);
   // The place that the text would take in the rectangle.
@@ -212,7 +213,8 @@ class TCanvas : public orv::TRewritableObject {
   void DoFillEllipse(const TRectF& rect, float opacity, const TBrush& brush);
   // Draws the path of the line.
   void DoDrawLine(TPointF from, TPointF to, float opacity, const TStrokeBrush& brush);
-  // Opens the target; false where it cannot be drawn on. The clip is the canvas's own affair.
+  // Opens the target; false where it cannot be drawn on. The clip is the canvas's own affair. DoEndScene comes once for
+  // each DoBeginScene that came back, at once for one that answered false; then there is nothing to close.
   bool DoBeginScene(std::span<const TRectF> clipRects, void* context);
   void DoEndScene();
   // The target has another size or scale.
@@ -226,6 +228,10 @@ class TCanvas : public orv::TRewritableObject {
     TStrokeBrush Stroke;
     TFont Font;
   };
+  struct TSaved {
+    TSavedState Serial;
+    TState State;
+  };
 
   template <typename TTag, typename... TArgs>
   decltype(auto) Call(TArgs&&... args) {
@@ -233,12 +239,14 @@ class TCanvas : public orv::TRewritableObject {
   }
   // Whether something may be drawn; tells the back end of a changed matrix and clip.
   bool Prepare(float opacity);
+  bool OpenTarget(std::span<const TRectF> clipRects, void* context);
   void StateChanged();
   float Align(float v, float translation) const;
 
   TCanvasTarget FTarget;
   TState FState;
-  std::vector<TState> FSaved;
+  std::vector<TSaved> FSaved;  // by serial number
+  TSavedState FLastSerial = 0;
   std::int32_t FSceneCount = 0;
   bool FMatrixTold = false;
   bool FClipTold = false;

@@ -20,7 +20,11 @@ std::int32_t WholePixels(float length) {
 }  // namespace
 
 void TFixedGlyphs::Register() {
-  TFontGlyphManager::RegisterBackEnd([] { return std::make_unique<TFixedGlyphs>(); });
+  Register({});
+}
+
+void TFixedGlyphs::Register(const TOptions& options) {
+  TFontGlyphManager::RegisterBackEnd([options] { return std::make_unique<TFixedGlyphs>(options); });
 }
 
 TFontGlyph TFixedGlyphs::DoGetGlyph(std::span<const std::uint32_t> chars, TFontGlyphSettings settings, bool colorful) {
@@ -30,10 +34,14 @@ TFontGlyph TFixedGlyphs::DoGetGlyph(std::span<const std::uint32_t> chars, TFontG
   TFontGlyph glyph;
   glyph.Advance = StandsOnTheLetterBefore(c) ? 0 : width;
   glyph.VerticalAdvance = 20 * FScale;
+  if (FOptions.NoGlyphs.find(static_cast<char32_t>(c)) != std::u32string::npos) {
+    glyph.Style.Include(TFontGlyphStyle::NoGlyph);
+    return glyph;
+  }
   if (colorful) glyph.Style.Include(TFontGlyphStyle::ColorGlyph);
   const std::int32_t pixelWidth = WholePixels(width);
   const std::int32_t pixelHeight = WholePixels(glyph.VerticalAdvance);
-  if (settings.Contains(TFontGlyphSetting::Bitmap)) {
+  if (FOptions.HasPixels && settings.Contains(TFontGlyphSetting::Bitmap)) {
     glyph.Bitmap.SetSize(pixelWidth, pixelHeight);
     glyph.Bitmap.Clear(blank ? 0 : 0xFFFFFFFF);
   }

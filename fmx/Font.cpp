@@ -7,7 +7,8 @@
 
 namespace fmx {
 
-TFont::TFont(std::u16string family, float size, TFontStyles style) : FFamily(std::move(family)), FStyle(style) {
+TFont::TFont(std::u16string family, float size, TFontStyles style)
+    : FFamily(std::move(family)), FStyle(style), FWeight(WeightOf(style)), FSlant(SlantOf(style)) {
   SetSize(size);
 }
 
@@ -32,7 +33,25 @@ void TFont::SetSize(float size) {
 
 void TFont::SetStyle(TFontStyles style) {
   if (style == FStyle) return;
+  if (style.Contains(TFontStyle::Bold) != FStyle.Contains(TFontStyle::Bold)) FWeight = WeightOf(style);
+  if (style.Contains(TFontStyle::Italic) != FStyle.Contains(TFontStyle::Italic)) FSlant = SlantOf(style);
   FStyle = style;
+  Changed();
+}
+
+void TFont::SetWeight(TFontWeight weight) {
+  if (weight == FWeight) return;
+  FWeight = weight;
+  FStyle.Exclude(TFontStyle::Bold);
+  if (weight >= TFontWeight::SemiBold) FStyle.Include(TFontStyle::Bold);
+  Changed();
+}
+
+void TFont::SetSlant(TFontSlant slant) {
+  if (slant == FSlant) return;
+  FSlant = slant;
+  FStyle.Exclude(TFontStyle::Italic);
+  if (slant != TFontSlant::Regular) FStyle.Include(TFontStyle::Italic);
   Changed();
 }
 
@@ -41,6 +60,8 @@ void TFont::Assign(const TFont& other) {
   FFamily = other.FFamily;
   FSize = other.FSize;
   FStyle = other.FStyle;
+  FWeight = other.FWeight;
+  FSlant = other.FSlant;
   Changed();
 }
 

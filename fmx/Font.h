@@ -35,13 +35,18 @@ constexpr TFontSlant SlantOf(TFontStyles style) {
   return style.Contains(TFontStyle::Italic) ? TFontSlant::Italic : TFontSlant::Regular;
 }
 
-// Family, size in logical units and style. Tells one listener of every change; setting an equal value is no change.
-// Copies take the values, not the listener. Belongs to the thread of its owner.
+// Family, size in logical units, style, weight and slant. Tells one listener of every change; setting an equal value is
+// no change. Copies take the values, not the listener. Belongs to the thread of its owner.
 class TFont {
  public:
   TFont() = default;
   TFont(std::u16string family, float size, TFontStyles style = {});
-  TFont(const TFont& other) : FFamily(other.FFamily), FSize(other.FSize), FStyle(other.FStyle) {}
+  TFont(const TFont& other)
+      : FFamily(other.FFamily),
+        FSize(other.FSize),
+        FStyle(other.FStyle),
+        FWeight(other.FWeight),
+        FSlant(other.FSlant) {}
   // As Assign: the listener stays, and hears of a change.
   TFont& operator=(const TFont& other);
   ~TFont() = default;
@@ -54,8 +59,17 @@ class TFont {
   float Size() const { return FSize; }
   void SetSize(float size);
 
+  // Bold stands in the style exactly where the weight is SemiBold or more, Italic where the slant is not Regular. A
+  // style that brings Bold or takes it away sets the weight to Bold or Regular, likewise Italic and the slant; one that
+  // leaves them as they are leaves weight and slant.
   TFontStyles Style() const { return FStyle; }
   void SetStyle(TFontStyles style);
+
+  // Regular at first, both. Finer than the style, which follows them.
+  TFontWeight Weight() const { return FWeight; }
+  void SetWeight(TFontWeight weight);
+  TFontSlant Slant() const { return FSlant; }
+  void SetSlant(TFontSlant slant);
 
   // Takes all values of the other font, with one change told at most.
   void Assign(const TFont& other);
@@ -64,7 +78,8 @@ class TFont {
   void SetOnChanged(std::function<void()> listener) { FOnChanged = std::move(listener); }
 
   friend bool operator==(const TFont& a, const TFont& b) {
-    return a.FFamily == b.FFamily && a.FSize == b.FSize && a.FStyle == b.FStyle;
+    return a.FFamily == b.FFamily && a.FSize == b.FSize && a.FStyle == b.FStyle && a.FWeight == b.FWeight &&
+           a.FSlant == b.FSlant;
   }
 
  private:
@@ -75,6 +90,8 @@ class TFont {
   std::u16string FFamily;
   float FSize = 12;
   TFontStyles FStyle;
+  TFontWeight FWeight = TFontWeight::Regular;
+  TFontSlant FSlant = TFontSlant::Regular;
   std::function<void()> FOnChanged;
 };
 

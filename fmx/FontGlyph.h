@@ -42,8 +42,13 @@ struct TFontSettings {
   TFontStyles Style;
   float Size = 0;
   float Scale = 1;
+  // Finer than the style; what it asks for, unless they are given.
+  TFontWeight Weight = WeightOf(Style);
+  TFontSlant Slant = SlantOf(Style);
 
-  static TFontSettings Of(const TFont& font, float scale) { return {font.Family(), font.Style(), font.Size(), scale}; }
+  static TFontSettings Of(const TFont& font, float scale) {
+    return {font.Family(), font.Style(), font.Size(), scale, font.Weight(), font.Slant()};
+  }
   // Families are equal without regard to case, sizes within 0.01, scales within ScaleTolerance.
   bool IsSameAs(const TFontSettings& other) const;
 };

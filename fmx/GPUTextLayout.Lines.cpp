@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <utility>
 
 #include "fmx/GPUTextLayout.h"
 #include "rtl/Strings.h"
@@ -35,9 +36,23 @@ float TabAdvance(float pen, float blank) {
 
 }  // namespace
 
+// All or nothing: where it fails, the lines stay those of before.
 void TGPUTextLayout::LayOut(float scale) {
-  FScale = scale;
-  FLines.clear();
+  const float scaleBefore = std::exchange(FScale, scale);
+  auto formatsBefore = std::exchange(FFormats, {});
+  auto linesBefore = std::exchange(FLines, {});
+  try {
+    KeepFormats();
+    MakeLines();
+  } catch (...) {
+    FScale = scaleBefore;
+    FFormats = std::move(formatsBefore);
+    FLines = std::move(linesBefore);
+    throw;
+  }
+}
+
+void TGPUTextLayout::MakeLines() {
   const std::u16string_view text = Text();
   const auto length = static_cast<std::int32_t>(text.size());
   const float room = MaxSize().X - Padding().Left - Padding().Right;

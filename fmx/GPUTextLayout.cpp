@@ -30,14 +30,13 @@ TGPUTextLayout::TFormat TGPUTextLayout::FormatAt(std::int32_t pos) const {
   return 0;
 }
 
-const TFont& TGPUTextLayout::FontOf(TFormat format) const {
-  if (format == 0 || format > AttributesCount()) return Font();
-  const auto& font = Attribute(format - 1).Attribute().Font;
-  return font ? *font : Font();
-}
-
-TAlphaColor TGPUTextLayout::ColorOf(TFormat format) const {
-  return format == 0 || format > AttributesCount() ? Color() : Attribute(format - 1).Attribute().Color;
+void TGPUTextLayout::KeepFormats() {
+  FFormats.clear();
+  FFormats.push_back({Font(), std::nullopt});
+  for (std::size_t i = 0; i < AttributesCount(); ++i) {
+    const TTextAttribute& attribute = Attribute(i).Attribute();
+    FFormats.push_back({attribute.Font ? *attribute.Font : Font(), attribute.Color});
+  }
 }
 
 // --- Measuring ---
@@ -96,8 +95,8 @@ float TGPUTextLayout::XOf(const TLine& line, std::int32_t pos) const {
 
 TRegion TGPUTextLayout::DoRegionForRange(TTextRange range) {
   TRegion region;
-  const auto length = static_cast<std::int64_t>(Text().size());
-  if (range.Pos < 0 || range.Length < 0 || range.Pos > length || FLines.empty()) return region;
+  const std::int64_t length = FLines.empty() ? -1 : FLines.back().End;
+  if (range.Pos < 0 || range.Length < 0 || range.Pos > length) return region;
   const auto end = static_cast<std::int32_t>(std::min(std::int64_t{range.Pos} + range.Length, length));
   const auto add = [&](const TLine& line, std::int32_t from, std::int32_t to) {
     const TRectF box{XOf(line, from), line.Box.Top, XOf(line, to), line.Box.Bottom};
@@ -159,8 +158,9 @@ void TGPUTextLayout::DrawLines(TCanvas& canvas, const TLine& line, TPointF place
 }
 
 void TGPUTextLayout::DoDrawLayout(TCanvas& canvas) {
-  if (Text().empty()) return;
-  if (!SameValue(canvas.Scale(), FScale, ScaleTolerance)) LayOut(canvas.Scale());
+  if (FLines.empty()) return;
+  // Lines that wait for an update stay those of the other scale: a new layout would show the change.
+  if (!IsUpdateWaiting() && !SameValue(canvas.Scale(), FScale, ScaleTolerance)) LayOut(canvas.Scale());
   auto* gpu = dynamic_cast<TCustomCanvasGpu*>(&canvas);
   const TAlphaColor kept = gpu != nullptr ? gpu->ModulateColor() : 0;
   for (const TLine& line : FLines) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -35,8 +36,13 @@ class TGPUTextLayout : public TTextLayout {
   void DoConvertToPath(TPathData& path);
 
  private:
-  // The font and colour of a cell; formats are counted from the last attribute that holds, 0 being the layout's own.
+  // The font and colour of a cell: that of the last attribute that holds, counted from 1, 0 being the layout's own.
   using TFormat = std::size_t;
+  // A format as it was when the lines were made, which may show no later change.
+  struct TFormatValues {
+    TFont Font;
+    std::optional<TAlphaColor> Color;  // without one, the layout's colour of the day
+  };
   struct TCell {
     std::int32_t Pos;    // of its first unit
     std::int32_t Units;  // 0 for the ellipsis
@@ -52,12 +58,14 @@ class TGPUTextLayout : public TTextLayout {
     std::vector<TCell> Cells;
   };
 
-  const TFont& FontOf(TFormat format) const;
-  TAlphaColor ColorOf(TFormat format) const;
+  void KeepFormats();
+  const TFont& FontOf(TFormat format) const { return FFormats[format].Font; }
+  TAlphaColor ColorOf(TFormat format) const { return FFormats[format].Color.value_or(Color()); }
   TFormat FormatAt(std::int32_t pos) const;
   TFontGlyphs& GlyphsOf(TFormat format) const { return TGlyphCache::Of(FontOf(format), FScale); }
 
   void LayOut(float scale);
+  void MakeLines();
   std::vector<TCell> CellsOf(std::int32_t start, std::int32_t end) const;
   void AddParagraph(std::int32_t start, std::int32_t end, float room);
   void AddLine(std::int32_t start, std::int32_t end, std::span<const TCell> cells);
@@ -73,6 +81,7 @@ class TGPUTextLayout : public TTextLayout {
   void VisitCells(const TLine& line, TVisit visit) const;
 
   float FScale;
+  std::vector<TFormatValues> FFormats;
   std::vector<TLine> FLines;
 };
 

@@ -111,9 +111,10 @@ struct TRectF {
   }
 
   // The smallest rectangle around both. One that is empty takes the other whole, be that one empty too: so a sum that
-  // starts empty keeps a first part of width 0, such as a caret.
+  // starts empty keeps a first part of width 0, such as a caret. An empty part adds nothing to a sum that is not.
   constexpr TRectF Union(const TRectF& b) const {
     if (IsEmpty()) return b;
+    if (b.IsEmpty()) return *this;
     return {std::min(Left, b.Left), std::min(Top, b.Top), std::max(Right, b.Right), std::max(Bottom, b.Bottom)};
   }
 

@@ -4,12 +4,13 @@
 #include <memory>
 #include <tuple>
 
+#include "fmx/Exceptions.h"
 #include "fmx/FontGlyphManager.h"
 
 namespace fmx {
 namespace {
 
-using TKey = std::tuple<std::u16string, float, std::uint8_t, float>;
+using TKey = std::tuple<std::u16string, float, std::uint8_t, TFontWeight, TFontSlant, float>;
 
 struct TCache {
   std::map<TKey, TFontGlyphs> Fonts;
@@ -34,6 +35,17 @@ std::unique_ptr<TBitmap> BitmapOf(const TBitmapSurface& surface, float scale) {
   return bitmap;
 }
 
+constexpr TFontGlyphSettings PictureSettings{TFontGlyphSetting::Bitmap, TFontGlyphSetting::BitmapAsGrey};
+
+// Without its picture where that would be too large.
+TFontGlyph MadeGlyph(std::uint32_t character, const TFont& font, float scale, TFontGlyphSettings wanted) {
+  try {
+    return TFontGlyphManager::Current().GetGlyph(character, font, scale, wanted);
+  } catch (const EBitmapSizeTooBig&) {
+    return TFontGlyphManager::Current().GetGlyph(character, font, scale, wanted - PictureSettings);
+  }
+}
+
 }  // namespace
 
 TFontGlyphs::TFontGlyphs(const TFont& font, float scale)
@@ -45,7 +57,7 @@ const TCharRec& TFontGlyphs::Record(std::uint32_t character, TFontGlyphSettings 
   const TFontGlyphSettings all = found == FGlyphs.end() ? wanted : wanted + found->second.Settings;
   TMade made;
   made.Settings = all;
-  made.Rec.Glyph = TFontGlyphManager::Current().GetGlyph(character, FFont, FScale, all);
+  made.Rec.Glyph = MadeGlyph(character, FFont, FScale, all);
   const TBitmapSurface& surface = made.Rec.Glyph.Bitmap;
   made.Rec.SrcRect = TRectF::From(TRect{0, 0, surface.Width(), surface.Height()});
   made.Rec.SetOwn(BitmapOf(surface, FScale));
@@ -60,7 +72,7 @@ TFontGlyphs& TGlyphCache::Of(const TFont& font, float scale) {
     cache.Fonts.clear();
     cache.Generation = TFontGlyphManager::Generation();
   }
-  const TKey key{font.Family(), font.Size(), font.Style().Bits(), scale};
+  const TKey key{font.Family(), font.Size(), font.Style().Bits(), font.Weight(), font.Slant(), scale};
   const auto found = cache.Fonts.find(key);
   return found != cache.Fonts.end() ? found->second : cache.Fonts.emplace(key, TFontGlyphs(font, scale)).first->second;
 }

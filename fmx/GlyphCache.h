@@ -16,7 +16,7 @@ class TFontGlyphs {
 
   // Metrics alone; raises what making glyphs raises. References hold until the glyph is asked for in another form.
   const TFontGlyph& Metrics(std::uint32_t character) { return Record(character, {}).Glyph; }
-  // With the picture in a bitmap of its own.
+  // With the picture in a bitmap of its own; without one where it would be larger than a bitmap can be.
   const TCharRec& Picture(std::uint32_t character) {
     return Record(character, {TFontGlyphSetting::Bitmap, TFontGlyphSetting::BitmapAsGrey});
   }

@@ -106,6 +106,10 @@ void TPathData::ApplyMatrix(const TMatrix& matrix) {
   for (TPathPoint& p : FPoints) p.Point = matrix.Apply(p.Point);
 }
 
+bool TPathData::IsFinite() const {
+  return std::all_of(FPoints.begin(), FPoints.end(), [](const TPathPoint& p) { return p.Point.IsFinite(); });
+}
+
 TRectF TPathData::GetBounds() const {
   TExtent extent;
   for (std::size_t i = 0; i < FPoints.size(); ++i) {

@@ -38,9 +38,11 @@ class TPathData {
 
   void Translate(float x, float y);
   void Translate(TPointF by) { Translate(by.X, by.Y); }
+  // A matrix that is not finite changes nothing. Far points may become infinite, and canvases then draw nothing.
   void ApplyMatrix(const TMatrix& matrix);
 
   bool IsEmpty() const { return FPoints.empty(); }
+  bool IsFinite() const;
   std::size_t Count() const { return FPoints.size(); }
   std::span<const TPathPoint> Points() const { return FPoints; }
   // Where the next line would begin; the origin in an empty path.

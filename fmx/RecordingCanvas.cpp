@@ -49,7 +49,7 @@ void TRecordingCanvas::DoFillPath(const TPathData& path, float opacity, const TB
 }
 
 bool TRecordingCanvas::DoBeginScene(std::span<const TRectF>, void*) {
-  if (!FRefuses) Add(TKind::BeginScene, {}, 1, 0);
+  Add(TKind::BeginScene, {}, 1, 0);
   return !FRefuses;
 }
 

@@ -50,7 +50,7 @@ class TRecordingCanvas : public TCustomCanvasGpu {
   const std::vector<TRecordedCall>& Calls() const { return FCalls; }
   std::vector<TRecordedCall> CallsOf(TRecordedCall::TKind kind) const;
   void Forget() { FCalls.clear(); }
-  // Makes BeginScene fail from now on, or succeed again.
+  // Makes BeginScene fail from now on, or succeed again. A refused scene is recorded, with its end.
   void RefuseScenes(bool refuse) { FRefuses = refuse; }
 
   void DoSetMatrix(const TMatrix& deviceMatrix) { FDeviceMatrix = deviceMatrix; }

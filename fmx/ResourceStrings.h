@@ -6,7 +6,8 @@
 namespace fmx {
 
 inline constexpr std::string_view SPointInTextLayoutError = "No position in the text lies at this point";
-inline constexpr std::string_view SResultCanNotBeNil = "The result of this function must not be nil";
+// For Format, with the name of the function.
+inline constexpr std::string_view SResultCanNotBeNil = "The result of %s must not be nil";
 inline constexpr std::string_view SArgumentCanNotBeNil = "The argument must not be nil";
 inline constexpr std::string_view SCircularOwnership = "A component cannot be owned by what it owns";
 

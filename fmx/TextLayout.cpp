@@ -4,6 +4,8 @@
 #include <cmath>
 
 #include "fmx/Exceptions.h"
+#include "fmx/Limits.h"
+#include "fmx/Rounding.h"
 #include "fmx/Services.h"
 
 namespace fmx {
@@ -33,13 +35,24 @@ TTextLayout::~TTextLayout() = default;
 // --- Updates ---
 
 void TTextLayout::EndUpdate() {
-  if (FUpdating == 0 || --FUpdating > 0 || !FNeedsUpdate) return;
-  NeedUpdate();
+  if (FUpdating > 0 && --FUpdating == 0) RenderWhatWaits();
 }
 
 void TTextLayout::NeedUpdate() {
-  FNeedsUpdate = IsUpdating();
-  if (!FNeedsUpdate) Call<TSlots::DoRenderLayout>();
+  FNeedsUpdate = true;
+  RenderWhatWaits();
+}
+
+// Nothing waits while the render runs, so that it may ask the layout. A render that fails has left the change waiting.
+void TTextLayout::RenderWhatWaits() {
+  if (!FNeedsUpdate || IsUpdating()) return;
+  FNeedsUpdate = false;
+  try {
+    Call<TSlots::DoRenderLayout>();
+  } catch (...) {
+    FNeedsUpdate = true;
+    throw;
+  }
 }
 
 // --- Properties ---
@@ -62,7 +75,9 @@ void TTextLayout::SetPadding(const TBounds& padding) {
 
 void TTextLayout::SetMaxSize(TPointF size) {
   if (std::isnan(size.X) || std::isnan(size.Y)) return;
-  Change(FMaxSize, {std::clamp(size.X, 0.0F, MaxLayoutSize.X), std::clamp(size.Y, 0.0F, MaxLayoutSize.Y)});
+  const TPointF held{std::clamp(size.X, 0.0F, MaxLayoutSize.X), std::clamp(size.Y, 0.0F, MaxLayoutSize.Y)};
+  const bool same = SameValue(held.X, FMaxSize.X, ScaleTolerance) && SameValue(held.Y, FMaxSize.Y, ScaleTolerance);
+  if (!same) Change(FMaxSize, held);
 }
 
 void TTextLayout::SetTopLeft(TPointF topLeft) {
@@ -98,30 +113,37 @@ const TTextAttributedRange& TTextLayout::Attribute(std::size_t index) const {
 // --- Queries and drawing ---
 
 void TTextLayout::RenderLayout(TCanvas& canvas) {
+  RenderWhatWaits();
   Call<TSlots::DoDrawLayout>(canvas);
 }
 
 std::int32_t TTextLayout::PositionAtPoint(TPointF point, bool) {
+  RenderWhatWaits();
   return point.IsFinite() ? Call<TSlots::DoPositionAtPoint>(point) : -1;
 }
 
 TRegion TTextLayout::RegionForRange(TTextRange range, bool) {
+  RenderWhatWaits();
   return Call<TSlots::DoRegionForRange>(range);
 }
 
 TRectF TTextLayout::TextRect() {
+  RenderWhatWaits();
   return Call<TSlots::GetTextRect>();
 }
 
 float TTextLayout::TextWidth() {
+  RenderWhatWaits();
   return Call<TSlots::GetTextWidth>();
 }
 
 float TTextLayout::TextHeight() {
+  RenderWhatWaits();
   return Call<TSlots::GetTextHeight>();
 }
 
 void TTextLayout::ConvertToPath(TPathData& path) {
+  RenderWhatWaits();
   Call<TSlots::ConvertToPath>(path);
 }
 

@@ -20,7 +20,9 @@ namespace fmx {
 // A text in a box. The properties say what is wanted; a render lays the text out; queries and drawing read what the
 // render left. Every change of a property that the lines depend on renders at once, or at the end of the outermost
 // update: one render, however many properties changed. Setting an equal value is no change and costs a comparison.
-// A layout that nothing was set on has never been rendered, and is an empty text.
+// A layout that nothing was set on has never been rendered, and is an empty text. What a render raises comes out of the
+// change or the end of the update that led to it; the property has its new value, and the next query or drawing renders
+// again.
 //
 // Lengths are logical units, positions UTF-16 code units. Lines depend on neither Color, Opacity nor TopLeft. What is
 // not finite is not taken. A layout belongs to one thread.
@@ -95,7 +97,7 @@ class TTextLayout : public orv::TRewritableObject {
   const TBounds& Padding() const { return FPadding; }
   void SetPadding(const TBounds& padding);
 
-  // MaxLayoutSize at first. Each side is held between 0 and that.
+  // MaxLayoutSize at first. Each side is held between 0 and that. A size within ScaleTolerance of it is no change.
   TPointF MaxSize() const { return FMaxSize; }
   void SetMaxSize(TPointF size);
 
@@ -130,7 +132,8 @@ class TTextLayout : public orv::TRewritableObject {
 
   // --- Queries and drawing ---
 
-  // Draws the text, within a scene of the canvas. Changes that wait for the end of an update are not drawn yet.
+  // Draws the text, within a scene of the canvas. Changes that wait for the end of an update are not drawn yet, and no
+  // query knows of them.
   void RenderLayout(TCanvas& canvas);
 
   // The position nearest to the point, or -1 where the layout has no answer. roundToWord is kept for callers that pass
@@ -176,6 +179,8 @@ class TTextLayout : public orv::TRewritableObject {
 
   // Renders, or has the end of the update render.
   void NeedUpdate();
+  // Whether something changed that the lines do not show yet. False while the render runs.
+  bool IsUpdateWaiting() const { return FNeedsUpdate; }
 
   template <typename TTag, typename... TArgs>
   decltype(auto) Call(TArgs&&... args) {
@@ -189,13 +194,14 @@ class TTextLayout : public orv::TRewritableObject {
     property = value;
     NeedUpdate();
   }
+  void RenderWhatWaits();
 
   std::u16string FText;
   TFont FFont;
   TAlphaColor FColor = TAlphaColors::Black;
   bool FWordWrap = false;
   bool FRightToLeft = false;
-  bool FNeedsUpdate = false;  // something changed within the update
+  bool FNeedsUpdate = false;  // something changed within the update, or the render failed
   TTextTrimming FTrimming = TTextTrimming::None;
   TTextAlign FHorizontalAlign = TTextAlign::Leading;
   TTextAlign FVerticalAlign = TTextAlign::Leading;

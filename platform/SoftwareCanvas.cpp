@@ -163,6 +163,7 @@ bool TSoftwareCanvas::DoBeginScene(std::span<const TRectF> clipRects, void*) {
 }
 
 void TSoftwareCanvas::DoEndScene() {
+  if (!FState->Painter) return;  // the scene was refused
   FState->Painter.reset();
   const TCanvasTarget& target = Target();
   if (target.Kind == TCanvasTarget::TKind::Bitmap) {

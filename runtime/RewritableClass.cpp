@@ -28,6 +28,7 @@ TClass MakeCompiledRecord(std::span<std::byte> room, const TCompiledClass& compi
   std::uninitialized_value_construct_n(made, slotCount);
   TVmt* parent = compiled.Parent == nullptr ? nullptr : TVmt::GetVMT(compiled.Parent);
   if (parent != nullptr) *vmt = *parent;
+  tables::ClearOwnTables(*vmt);  // they are the parent's, and found through it
   WriteSlots(made, compiled.Parent, slots);
 
   tables::TWriter writer(room.subspan(TVmt::HeaderSize + slotCount * sizeof(TVirtualSlot)));

@@ -26,6 +26,14 @@ void Require(bool condition, const char* message) {
   if (!condition) throw rtl::EAssertionFailed(message);
 }
 
+void ClearOwnTables(TVmt& vmt) {
+  vmt.IntfTable = nullptr;
+  vmt.AutoTable = nullptr;
+  vmt.InitTable = nullptr;
+  vmt.FieldTable = nullptr;
+  vmt.DynamicTable = nullptr;
+}
+
 void TWriter::Put(const void* bytes, std::size_t size) {
   Require(size <= FRoom.size(), "A class's tables do not fit their block");
   if (size > 0) std::memcpy(FRoom.data(), bytes, size);

@@ -17,6 +17,10 @@ inline constexpr std::size_t NameRoom = 1 + NameLimit;
 // Raises EAssertionFailed unless condition holds, in every build: what would be written otherwise is no table.
 void Require(bool condition, const char* message);
 
+// Takes away the tables that a copied header names and that are another class's alone: the one of interfaces, of
+// automated methods, of managed fields, of published fields and of dynamic methods.
+void ClearOwnTables(TVmt& vmt);
+
 // Writes one value behind the other into borrowed memory. Raises EAssertionFailed for what would not fit and for a name
 // over NameLimit.
 class TWriter {

@@ -5,6 +5,7 @@
 #include <limits>
 #include <new>
 #include <string>
+#include <utility>
 
 #include "rtl/Utf8.h"
 #include "runtime/VirtualClass.Tables.h"
@@ -172,11 +173,7 @@ std::uint16_t PropertyCount(const TVmt& vmt) {
 void CopyRecord(TVmt* vmt, const TPlan& plan) {
   std::memcpy(static_cast<void*>(vmt), plan.Parent, plan.VmtSize);
   vmt->SelfPtr = reinterpret_cast<TClass>(reinterpret_cast<std::byte*>(vmt) + TVmt::HeaderSize);
-  vmt->IntfTable = nullptr;
-  vmt->AutoTable = nullptr;
-  vmt->InitTable = nullptr;
-  vmt->FieldTable = nullptr;
-  vmt->DynamicTable = nullptr;
+  tables::ClearOwnTables(*vmt);
 }
 
 void WriteTables(TVmt* vmt, TWriter writer, const TPlan& plan) {
@@ -208,6 +205,18 @@ const TVirtualClassGenerator::TVirtualClassList& TVirtualClassGenerator::Classes
   return ClassList();
 }
 
+TVirtualClassGenerator::TPublishedMethod TVirtualClassGenerator::TPublishedMethod::Create(
+    rtl::UnicodeString methodName, TMethodAddress address, std::uint8_t cc, std::int16_t virtualIndex,
+    TMethodFlags flags, const PTypeInfo* resultType, std::uint16_t parOff, std::vector<TMethodParam> params) {
+  return {std::move(methodName), address, cc, virtualIndex, flags, resultType, parOff, std::move(params)};
+}
+
+TVirtualClassGenerator::TPublishedMethod TVirtualClassGenerator::TPublishedMethod::Create(
+    rtl::UnicodeString methodName, TMethodAddress address, std::uint8_t cc, std::int16_t virtualIndex,
+    TMethodFlags flags, const PTypeInfo* resultType, std::uint16_t parOff) {
+  return Create(std::move(methodName), address, cc, virtualIndex, flags, resultType, parOff, {});
+}
+
 TClass TVirtualClassGenerator::CreateNewClass(TClass parentClass, std::u16string_view unitName,
                                               std::u16string_view className,
                                               std::span<const TOverrideMethodInfo> overrides,
@@ -215,6 +224,7 @@ TClass TVirtualClassGenerator::CreateNewClass(TClass parentClass, std::u16string
                                               std::span<const TMethodAddress> newVirtuals, std::int32_t instanceSize) {
   Require(parentClass != nullptr, "A class is made out of another one");
   TVmt* parent = TVmt::GetVMT(parentClass);
+  Require(parent->GetSize() >= static_cast<std::int64_t>(TVmt::HeaderSize), "A record ends inside its header");
   const std::int32_t parentSlots = parent->GetUserMethodCount();
   CheckOverrides(overrides, static_cast<std::size_t>(parentSlots) + newVirtuals.size());
   const TPlan plan{parent,

@@ -77,6 +77,14 @@ class TVirtualClassGenerator {
     const PTypeInfo* ResultType = nullptr;  // the cell of its type record
     std::uint16_t ParOff = 0;
     std::vector<TMethodParam> Params;
+
+    // Without parameters, and with them.
+    static TPublishedMethod Create(rtl::UnicodeString methodName, TMethodAddress address, std::uint8_t cc,
+                                   std::int16_t virtualIndex, TMethodFlags flags, const PTypeInfo* resultType,
+                                   std::uint16_t parOff);
+    static TPublishedMethod Create(rtl::UnicodeString methodName, TMethodAddress address, std::uint8_t cc,
+                                   std::int16_t virtualIndex, TMethodFlags flags, const PTypeInfo* resultType,
+                                   std::uint16_t parOff, std::vector<TMethodParam> params);
   };
 
   // The start of the memory of a generated class. The record stands at byte 6 and is 8-byte aligned there, so the block
@@ -124,9 +132,10 @@ class TVirtualClassGenerator {
   //   those given. All these are found through ClassParent.
   // - instanceSize is in bytes; below the parent's it is the parent's.
   // - Names are UTF-16, and stored as UTF-8. The arguments are read during the call and not kept.
-  // Raises EAssertionFailed, in every build and before anything is made, for a null parent, an override outside the
-  // slots, a name of more than 255 bytes, more than 255 parameters of a method or 65535 methods, and a method whose
-  // entry takes more than 65535 bytes. Raises std::bad_alloc where memory is short.
+  // Raises EAssertionFailed, in every build and before anything is made, for a null parent, one whose record ends
+  // inside its header, an override outside the slots, a name of more than 255 bytes, more than 255 parameters of a
+  // method or 65535 methods, and a method whose entry takes more than 65535 bytes. Raises std::bad_alloc where memory
+  // is short.
   static TClass CreateNewClass(TClass parentClass, std::u16string_view unitName, std::u16string_view className,
                                std::span<const TOverrideMethodInfo> overrides = {},
                                std::span<const TPublishedMethod> publishedMethods = {},

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <memory>
 
 #include "fmx/CanvasManager.h"
 #include "fmx/Exceptions.h"
@@ -37,6 +38,27 @@ TEST(BitmapSurface, ASizeBeyondTheLimitsIsRefusedAndChangesNothing) {
   EXPECT_THROW(surface.SetSize(fmx::MaxBitmapSide, fmx::MaxBitmapSide), fmx::EBitmapSizeTooBig);
   EXPECT_EQ(surface.Width(), 3);
   EXPECT_EQ(surface.Pixels().size(), 6U);
+}
+
+TEST(Bitmap, ARefusedSizeLeavesPixelsCanvasAndHandle) {
+  fmx::TCanvasManager::RegisterCanvas(fmx::TNullCanvas::Class(), true, false);
+  TBitmap bitmap(4, 3);
+  bitmap.Clear(0xFF112233);
+  fmx::TCanvas* canvas = &bitmap.Canvas();
+  bitmap.SetHandle(std::make_unique<fmx::TBitmapHandle>());
+  const fmx::TBitmapHandle* handle = bitmap.Handle();
+  const auto version = bitmap.Version();
+  EXPECT_THROW(bitmap.SetSize(fmx::MaxBitmapSide + 1, 1), fmx::EBitmapSizeTooBig);
+  EXPECT_EQ(bitmap.Width(), 4);
+  EXPECT_EQ(bitmap.Surface().Pixels()[11], 0xFF112233U);
+  ASSERT_TRUE(bitmap.HasCanvas());
+  EXPECT_EQ(&bitmap.Canvas(), canvas);
+  EXPECT_EQ(bitmap.Handle(), handle);
+  EXPECT_EQ(bitmap.Version(), version);
+  bitmap.SetSize(2, 2);
+  EXPECT_FALSE(bitmap.HasCanvas());
+  EXPECT_EQ(bitmap.Handle(), nullptr);
+  fmx::TCanvasManager::UnInitialize();
 }
 
 TEST(Bitmap, MapsOnceAtATime) {

@@ -11,6 +11,7 @@
 #include "fmx/Limits.h"
 #include "fmx/NullCanvas.h"
 #include "fmx/RecordingCanvas.h"
+#include "runtime/VirtualClassGenerator.h"
 
 namespace {
 
@@ -82,7 +83,61 @@ TEST(Canvas, ASceneThatTheBackEndRefusesIsNotOpen) {
   EXPECT_EQ(canvas.BeginSceneCount(), 0);
   canvas.FillRect({0, 0, 1, 1}, 1);
   canvas.EndScene();
-  EXPECT_TRUE(canvas.Calls().empty());
+  EXPECT_EQ(KindsOf(canvas), (std::vector<TKind>{TKind::BeginScene, TKind::EndScene}));
+}
+
+// A class that wraps the scenes of the recording canvas, and counts them whatever the inner canvas answers.
+struct TSceneCount {
+  static inline int Depth = 0;
+  static inline int Opened = 0;
+  static inline orv::TMethodAddress KeptBegin = nullptr;
+  static inline orv::TMethodAddress KeptEnd = nullptr;
+  using TBegin = TCanvas::TSlots::DoBeginScene;
+  using TEnd = TCanvas::TSlots::DoEndScene;
+
+  static bool DoBeginScene(TCanvas& canvas, std::span<const TRectF> clipRects, void* context) {
+    const bool opened = orv::MethodAs<TBegin>(KeptBegin)(canvas, clipRects, context);
+    ++Depth;
+    ++Opened;
+    return opened;
+  }
+  static void DoEndScene(TCanvas& canvas) {
+    orv::MethodAs<TEnd>(KeptEnd)(canvas);
+    --Depth;
+  }
+
+  static orv::TClass Class() {
+    static const orv::TClass made = [] {
+      const orv::TClass parent = TRecordingCanvas::Class();
+      KeptBegin = orv::TVmt::GetVMT(parent)->GetMethod(TBegin::Number);
+      KeptEnd = orv::TVmt::GetVMT(parent)->GetMethod(TEnd::Number);
+      const std::vector<orv::TVirtualClassGenerator::TOverrideMethodInfo> overrides{
+          {TBegin::Number, orv::AddressOf<TBegin>(&DoBeginScene)}, {TEnd::Number, orv::AddressOf<TEnd>(&DoEndScene)}};
+      return orv::TVirtualClassGenerator::CreateNewClass(parent, u"tests.Canvas", u"TRecordingCanvas", overrides);
+    }();
+    return made;
+  }
+};
+
+TEST(Canvas, AWrapperThatCountsScenesIsAtItsOldCountAfterARefusedOne) {
+  const auto made = TCanvas::New(TSceneCount::Class(), {fmx::TCanvasTarget::TKind::Window, nullptr, nullptr, 9, 9, 1});
+  auto& canvas = static_cast<TRecordingCanvas&>(*made);
+  canvas.RefuseScenes(true);
+  for (int i = 1; i <= 3; ++i) {
+    EXPECT_FALSE(canvas.BeginScene());
+    EXPECT_EQ(TSceneCount::Opened, i);
+    EXPECT_EQ(TSceneCount::Depth, 0);
+    canvas.EndScene();
+    EXPECT_EQ(TSceneCount::Depth, 0);
+  }
+  canvas.RefuseScenes(false);
+  ASSERT_TRUE(canvas.BeginScene());
+  ASSERT_TRUE(canvas.BeginScene());
+  EXPECT_EQ(TSceneCount::Depth, 1);
+  canvas.EndScene();
+  EXPECT_EQ(TSceneCount::Depth, 1);
+  canvas.EndScene();
+  EXPECT_EQ(TSceneCount::Depth, 0);
 }
 
 TEST(Canvas, AnOutermostSceneStartsWithoutMatrixAndClip) {
@@ -138,6 +193,27 @@ TEST(Canvas, RestoringAnOuterStateForgetsTheInnerOnes) {
   EXPECT_EQ(canvas.Fill().Color(), 1U);
 }
 
+TEST(Canvas, AStateThatWasForgottenIsNotTakenForALaterOneInItsPlace) {
+  TRecordingCanvas canvas(100, 100);
+  ASSERT_TRUE(canvas.BeginScene());
+  const auto old = canvas.SaveState();
+  canvas.RestoreState(old);
+  canvas.Fill().SetColor(2);
+  const auto later = canvas.SaveState();
+  canvas.Fill().SetColor(3);
+  canvas.RestoreState(old);
+  EXPECT_EQ(canvas.Fill().Color(), 3U);
+  canvas.RestoreState(later);
+  EXPECT_EQ(canvas.Fill().Color(), 2U);
+  const auto ofTheScene = canvas.SaveState();
+  canvas.EndScene();
+  ASSERT_TRUE(canvas.BeginScene());
+  (void)canvas.SaveState();
+  canvas.Fill().SetColor(4);
+  canvas.RestoreState(ofTheScene);
+  EXPECT_EQ(canvas.Fill().Color(), 4U);
+}
+
 TEST(Canvas, AGuardRestoresAtTheEndOfItsScope) {
   TRecordingCanvas canvas(100, 100);
   ASSERT_TRUE(canvas.BeginScene());
@@ -153,9 +229,9 @@ TEST(Canvas, APainterThatNeverRestoresDoesNotEatTheMemory) {
   canvas.Fill().SetColor(1);
   const auto first = canvas.SaveState();
   canvas.Fill().SetColor(2);
-  for (std::size_t i = 0; i < 3 * fmx::MaxSavedStates; ++i) {
-    EXPECT_LT(canvas.SaveState(), fmx::MaxSavedStates);
-  }
+  for (std::size_t i = 2; i < fmx::MaxSavedStates; ++i) (void)canvas.SaveState();
+  const auto last = canvas.SaveState();
+  for (std::size_t i = 0; i < 3; ++i) EXPECT_EQ(canvas.SaveState(), last);
   canvas.RestoreState(first);
   EXPECT_EQ(canvas.Fill().Color(), 1U);
 }
@@ -167,6 +243,37 @@ TEST(Canvas, MatricesComposeAndMustBeFinite) {
   EXPECT_EQ(canvas.Matrix().Apply({1, 1}), (fmx::TPointF{12, 2}));
   canvas.SetMatrix(TMatrix::Translation(Infinity, 0));
   EXPECT_EQ(canvas.Matrix().Apply({1, 1}), (fmx::TPointF{12, 2}));
+  canvas.MultiplyMatrix(TMatrix::Scaling(1e38F, 1e38F));
+  canvas.MultiplyMatrix(TMatrix::Scaling(1e38F, 1e38F));
+  EXPECT_TRUE(canvas.Matrix().IsFinite());
+}
+
+TEST(Canvas, AMatrixThatTheScaleMakesInfiniteIsNotTaken) {
+  TRecordingCanvas canvas(100, 100, 2);
+  canvas.SetMatrix(TMatrix::Translation(3e38F, 0));
+  EXPECT_EQ(canvas.Matrix(), TMatrix{});
+  canvas.SetMatrix(TMatrix::Translation(1e38F, 0));
+  EXPECT_EQ(canvas.Matrix(), TMatrix::Translation(1e38F, 0));
+  EXPECT_TRUE(canvas.DeviceMatrix().IsFinite());
+}
+
+TEST(Canvas, APathThatAMatrixMadeInfiniteOrNoNumberIsNotDrawn) {
+  TRecordingCanvas canvas(100, 100);
+  ASSERT_TRUE(canvas.BeginScene());
+  canvas.Forget();
+  for (const TMatrix& matrix : {TMatrix::Scaling(1e30F, 1e30F), TMatrix{1e38F, 0, -1e38F, 1, 0, 0}}) {
+    fmx::TPathData path;
+    path.MoveTo({0, 0});
+    path.LineTo({1e30F, 1e30F});
+    path.LineTo({5, 5});
+    path.ClosePath();
+    EXPECT_TRUE(path.IsFinite());
+    path.ApplyMatrix(matrix);
+    EXPECT_FALSE(path.IsFinite());
+    canvas.FillPath(path, 1);
+    canvas.DrawPath(path, 1);
+  }
+  EXPECT_TRUE(canvas.Calls().empty());
 }
 
 TEST(Canvas, ReversedRectanglesAreFilledLikeOthers) {

@@ -71,6 +71,44 @@ TEST(Font, WeightAndSlantFollowTheStyle) {
   EXPECT_EQ(fmx::SlantOf({TFontStyle::Italic}), fmx::TFontSlant::Italic);
 }
 
+TEST(Font, WeightAndSlantGoBeyondTheStyleAndCarryIt) {
+  using fmx::TFontSlant;
+  using fmx::TFontWeight;
+  TFont font(u"Sans", 12, {TFontStyle::Underline});
+  int changes = 0;
+  font.SetOnChanged([&] { ++changes; });
+  for (int i = 0; i <= static_cast<int>(TFontWeight::UltraBold); ++i) {
+    font.SetWeight(static_cast<TFontWeight>(i));
+    EXPECT_EQ(static_cast<int>(font.Weight()), i);
+    EXPECT_EQ(font.Style().Contains(TFontStyle::Bold), i >= static_cast<int>(TFontWeight::SemiBold));
+  }
+  EXPECT_EQ(changes, 9);
+  font.SetWeight(TFontWeight::SemiBold);
+  font.SetSlant(TFontSlant::Oblique);
+  EXPECT_EQ(changes, 11);
+  font.SetSlant(TFontSlant::Oblique);
+  font.SetWeight(TFontWeight::SemiBold);
+  EXPECT_EQ(changes, 11);
+  EXPECT_EQ(font.Style(), (TFontStyles{TFontStyle::Bold, TFontStyle::Italic, TFontStyle::Underline}));
+
+  font.SetStyle({TFontStyle::Bold, TFontStyle::Italic});  // the underline alone goes
+  EXPECT_EQ(font.Weight(), TFontWeight::SemiBold);
+  EXPECT_EQ(font.Slant(), TFontSlant::Oblique);
+  const TFont copy(font);
+  EXPECT_EQ(copy, font);
+  font.SetStyle({});
+  EXPECT_EQ(font.Weight(), TFontWeight::Regular);
+  EXPECT_EQ(font.Slant(), TFontSlant::Regular);
+  font.SetStyle({TFontStyle::Bold, TFontStyle::Italic});
+  EXPECT_EQ(font.Weight(), TFontWeight::Bold);
+  EXPECT_EQ(font.Slant(), TFontSlant::Italic);
+  EXPECT_NE(font, copy);
+  EXPECT_EQ(font, TFont(u"Sans", 12, {TFontStyle::Bold, TFontStyle::Italic}));
+  font.Assign(copy);
+  EXPECT_EQ(font.Weight(), TFontWeight::SemiBold);
+  EXPECT_EQ(font.Slant(), TFontSlant::Oblique);
+}
+
 TEST(Brush, WithoutKindOrAlphaNothingIsSeen) {
   EXPECT_FALSE(fmx::TBrush(0xFF000000).IsInvisible());
   EXPECT_TRUE(fmx::TBrush(0x00FFFFFF).IsInvisible());

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <memory>
 #include <vector>
 
@@ -72,9 +73,16 @@ TEST_F(FontGlyphs, AFontStaysLoadedWhileItIsTheSame) {
   EXPECT_EQ(Log.Loads, 4);
   ask(TFont(u"Serif", 12.02F, {fmx::TFontStyle::Bold}), 1.001F);
   EXPECT_EQ(Log.Loads, 5);
-  EXPECT_EQ(Log.Frees, 4);
+  TFont heavier(u"Serif", 12.02F, {fmx::TFontStyle::Bold});
+  heavier.SetWeight(fmx::TFontWeight::UltraBold);
+  ask(heavier, 1.001F);
+  EXPECT_EQ(Log.Loads, 6);
+  heavier.SetSlant(fmx::TFontSlant::Oblique);
+  ask(heavier, 1.001F);
+  EXPECT_EQ(Log.Loads, 7);
+  EXPECT_EQ(Log.Frees, 6);
   TFontGlyphManager::RegisterBackEnd({});
-  EXPECT_EQ(Log.Frees, 5);
+  EXPECT_EQ(Log.Frees, 7);
 }
 
 TEST_F(FontGlyphs, AManagerThatLoadedNothingFreesNothing) {
@@ -108,6 +116,61 @@ TEST_F(FontGlyphs, FixedGlyphsHaveTheSizesTheyPromise) {
   EXPECT_EQ(letter.Bitmap.Pixels()[0], 0xFFFFFFFFU);
   EXPECT_EQ(letter.Path.GetBounds(), (fmx::TRectF{0, 0, 10, 20}));
   EXPECT_TRUE(letter.Style.Contains(fmx::TFontGlyphStyle::HasPath));
+}
+
+TEST_F(FontGlyphs, TheBaseLineOfFixedGlyphsIsWhole) {
+  fmx::TFixedGlyphs::Register();
+  for (int i = 0; i < 400; ++i) {
+    const float scale = 0.5F + static_cast<float>(i) / 100;
+    const float baseline = TFontGlyphManager::Current().GetBaseline(TFont(), scale);
+    EXPECT_EQ(baseline, std::nearbyint(16 * scale)) << scale;
+  }
+}
+
+TEST_F(FontGlyphs, FixedGlyphsMayHaveNoPixelsAndCharactersWithoutAGlyph) {
+  const TFontGlyphSettings all{TFontGlyphSetting::Bitmap, TFontGlyphSetting::BitmapAsGrey, TFontGlyphSetting::Path};
+  fmx::TFixedGlyphs::Register({.HasPixels = false, .NoGlyphs = U"😀x"});
+  auto& manager = TFontGlyphManager::Current();
+  const TFontGlyph letter = manager.GetGlyph('a', TFont(), 1, all);
+  EXPECT_TRUE(letter.Bitmap.IsEmpty());
+  EXPECT_FALSE(letter.Path.IsEmpty());
+  EXPECT_FALSE(letter.Style.Contains(fmx::TFontGlyphStyle::NoGlyph));
+  for (const std::uint32_t missing : {std::uint32_t{'x'}, std::uint32_t{0x1F600}}) {
+    const TFontGlyph none = manager.GetGlyph(missing, TFont(), 1, all);
+    EXPECT_TRUE(none.Style.Contains(fmx::TFontGlyphStyle::NoGlyph));
+    EXPECT_TRUE(none.Bitmap.IsEmpty() && none.Path.IsEmpty());
+    EXPECT_EQ(none.Advance, 10);
+  }
+}
+
+TEST_F(FontGlyphs, SettingsWithoutAWeightHaveThatOfTheirStyle) {
+  const TFontSettings plain{u"Sans", {}, 12, 1};
+  EXPECT_EQ(plain.Weight, fmx::TFontWeight::Regular);
+  const TFontSettings bold{u"Sans", {fmx::TFontStyle::Bold, fmx::TFontStyle::Italic}, 12, 1};
+  EXPECT_EQ(bold.Weight, fmx::TFontWeight::Bold);
+  EXPECT_EQ(bold.Slant, fmx::TFontSlant::Italic);
+  EXPECT_TRUE(bold.IsSameAs(TFontSettings::Of(TFont(u"Sans", 12, bold.Style), 1)));
+}
+
+TEST_F(FontGlyphs, AGlyphTooLargeForABitmapHasNoPicture) {
+  Register();
+  fmx::TFontGlyphs& glyphs = fmx::TGlyphCache::Of(TFont(u"Sans", 12), 3000);
+  EXPECT_EQ(glyphs.Picture('a').Bitmap(), nullptr);
+  EXPECT_EQ(glyphs.Metrics('a').Advance, 30000);
+  const int made = Log.Glyphs;
+  (void)glyphs.Picture('a');
+  EXPECT_EQ(Log.Glyphs, made);
+}
+
+TEST_F(FontGlyphs, TheCacheTellsWeightsAndSlantsApart) {
+  Register();
+  TFont font(u"Sans", 12, {fmx::TFontStyle::Bold, fmx::TFontStyle::Italic});
+  fmx::TFontGlyphs* bold = &fmx::TGlyphCache::Of(font, 1);
+  font.SetWeight(fmx::TFontWeight::SemiBold);
+  fmx::TFontGlyphs* semiBold = &fmx::TGlyphCache::Of(font, 1);
+  EXPECT_NE(bold, semiBold);
+  font.SetSlant(fmx::TFontSlant::Oblique);
+  EXPECT_NE(semiBold, &fmx::TGlyphCache::Of(font, 1));
 }
 
 TEST_F(FontGlyphs, TheCacheMakesAGlyphOnceForEachForm) {

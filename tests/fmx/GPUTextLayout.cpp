@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -284,6 +285,88 @@ TEST_F(GPUTextLayout, GivesTheOutlinesOfItsText) {
   fmx::TPathData path;
   layout.ConvertToPath(path);
   EXPECT_EQ(path.GetBounds(), (TRectF{5, 5, 15, 45}));
+}
+
+TEST_F(GPUTextLayout, DrawingWithinAnUpdateShowsNothingOfThePendingChange) {
+  const auto struck = std::make_shared<fmx::TFont>(u"", 30.0F, fmx::TFontStyles{fmx::TFontStyle::StrikeOut});
+  TRecordingCanvas canvas(400, 200);
+  TRecordingCanvas scaled(800, 400, 2);
+  TGPUTextLayout layout(&canvas);
+  layout.SetText(u"abc");
+  layout.SetColor(0xFF000001);
+  layout.AddAttribute({1, 2}, {struck, 0xFF000002});
+  ASSERT_TRUE(canvas.BeginScene());
+  ASSERT_TRUE(scaled.BeginScene());
+  const auto rects = [&](TRecordingCanvas& on) {
+    on.Forget();
+    layout.RenderLayout(on);
+    std::vector<TRectF> drawn;
+    for (const auto& call : on.Calls()) drawn.push_back(call.Rect);
+    return drawn;
+  };
+  const auto colors = [&] {
+    canvas.Forget();
+    layout.RenderLayout(canvas);
+    std::vector<fmx::TAlphaColor> drawn;
+    for (const auto& call : canvas.Calls()) drawn.push_back(call.Color);
+    return drawn;
+  };
+  const auto before = rects(canvas);
+  const auto colorsBefore = colors();
+  ASSERT_EQ(before.size(), 5U);
+  const auto change = [&] {
+    layout.SetText(u"");
+    layout.ClearAttributes();
+    layout.SetFont(fmx::TFont(u"", 50, {fmx::TFontStyle::Underline}));
+    struck->SetStyle({});
+  };
+  layout.BeginUpdate();
+  change();
+  EXPECT_EQ(rects(canvas), before);
+  EXPECT_EQ(colors(), colorsBefore);
+  EXPECT_EQ(rects(scaled), before);
+  EXPECT_EQ(layout.RegionForRange({0, 3}), (fmx::TRegion{{0, 0, 30, 20}}));
+  layout.SetColor(0xFF000003);  // waits for no update
+  EXPECT_EQ(colors()[0], 0xFF000003U);
+  layout.EndUpdate();
+  EXPECT_TRUE(rects(canvas).empty());
+  EXPECT_EQ(layout.RegionForRange({0, 3}), (fmx::TRegion{{0, 0, 0, 20}}));
+}
+
+TEST_F(GPUTextLayout, TextTooLargeForPicturesIsMeasuredAndNotDrawn) {
+  TRecordingCanvas canvas(400, 200, 3000);
+  TGPUTextLayout layout(&canvas);
+  layout.SetText(u"ab");
+  ASSERT_TRUE(canvas.BeginScene());
+  EXPECT_NO_THROW(layout.RenderLayout(canvas));
+  EXPECT_TRUE(canvas.CallsOf(TKind::DrawBitmap).empty());
+  EXPECT_EQ(layout.TextWidth(), 20);
+}
+
+// Has glyphs as long as it is not told to fail.
+class TFailingGlyphs : public fmx::TFixedGlyphs {
+ public:
+  static inline bool Fails = false;
+  fmx::TFontGlyph DoGetGlyph(std::span<const std::uint32_t> chars, fmx::TFontGlyphSettings settings,
+                             bool colorful) override {
+    if (Fails) throw std::runtime_error("no glyphs");
+    return TFixedGlyphs::DoGetGlyph(chars, settings, colorful);
+  }
+};
+
+TEST_F(GPUTextLayout, LinesForAnotherScaleThatCouldNotBeMadeAreMadeAtTheNextDrawing) {
+  fmx::TFontGlyphManager::RegisterBackEnd([] { return std::make_unique<TFailingGlyphs>(); });
+  TRecordingCanvas canvas(800, 400, 2);
+  TGPUTextLayout layout;
+  layout.SetText(u"a");
+  ASSERT_TRUE(canvas.BeginScene());
+  TFailingGlyphs::Fails = true;
+  EXPECT_THROW(layout.RenderLayout(canvas), std::runtime_error);
+  EXPECT_EQ(layout.TextWidth(), 10);
+  TFailingGlyphs::Fails = false;
+  layout.RenderLayout(canvas);
+  EXPECT_EQ(canvas.CallsOf(TKind::DrawBitmap).size(), 1U);
+  EXPECT_EQ(canvas.Calls().back().Source, (TRectF{0, 0, 20, 40}));
 }
 
 TEST_F(GPUTextLayout, ServesTheTextOperationsOfACanvas) {

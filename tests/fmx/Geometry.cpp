@@ -67,7 +67,11 @@ TEST(Geometry, AnEmptySumTakesTheOtherWholeAlsoWithoutWidth) {
   const TRectF caret{5, 1, 5, 9};
   EXPECT_EQ(TRectF{}.Union(caret), caret);
   EXPECT_EQ((TRectF{3, 3, 1, 1}.Union(caret)), caret);
-  EXPECT_EQ((TRectF{0, 0, 2, 2}.Union(caret)), (TRectF{0, 0, 5, 9}));
+  EXPECT_EQ((TRectF{0, 0, 2, 2}.Union(caret)), (TRectF{0, 0, 2, 2}));
+  EXPECT_EQ((TRectF{0, 0, 2, 2}.Union(TRectF{})), (TRectF{0, 0, 2, 2}));
+  EXPECT_EQ((TRectF{0, 0, 2, 2}.Union(TRectF{9, 9, 3, 3})), (TRectF{0, 0, 2, 2}));
+  EXPECT_EQ(caret.Union({0, 0, 2, 2}), (TRectF{0, 0, 2, 2}));
+  EXPECT_EQ((TRectF{0, 0, 2, 2}.Union({5, 1, 6, 9})), (TRectF{0, 0, 6, 9}));
 }
 
 TEST(Geometry, WhatIsNoNumberIsEmpty) {

@@ -30,6 +30,8 @@ class TCountingLayout : public TTextLayout {
       : TTextLayout(canvas, aClass) {}
 
   void DoRenderLayout() {
+    if (Fails) throw std::runtime_error("no glyphs");
+    if (AsksItself) AskedWidth = TextWidth();
     ++Renders;
     if (TurnsRight) StoreRightToLeft(true);
   }
@@ -44,7 +46,10 @@ class TCountingLayout : public TTextLayout {
   int Renders = 0;
   int Draws = 0;
   int Colors = 0;
+  float AskedWidth = 0;
   bool TurnsRight = false;
+  bool Fails = false;
+  bool AsksItself = false;
 };
 
 TEST(TextLayout, RendersOnceForEachChangeOfWhatTheLinesDependOn) {
@@ -110,6 +115,73 @@ TEST(TextLayout, AnUpdateWithoutAChangeRendersNothing) {
   layout.SetText(u"abc");
   layout.EndUpdate();
   EXPECT_EQ(layout.Renders, 1);
+}
+
+TEST(TextLayout, ARenderThatFailedIsMadeUpForByTheNextQueryOrDrawing) {
+  fmx::TNullCanvas canvas({});
+  fmx::TPathData path;
+  const auto afterAFailure = [&](auto ask) {
+    TCountingLayout layout;
+    layout.Fails = true;
+    EXPECT_THROW(layout.SetText(u"abc"), std::runtime_error);
+    EXPECT_EQ(layout.Text(), u"abc");
+    EXPECT_THROW(ask(layout), std::runtime_error) << "still failing";
+    layout.Fails = false;
+    layout.SetText(u"abc");  // no change
+    EXPECT_EQ(layout.Renders, 0);
+    ask(layout);
+    EXPECT_EQ(layout.Renders, 1);
+    ask(layout);
+    EXPECT_EQ(layout.Renders, 1);
+  };
+  afterAFailure([](TCountingLayout& layout) { layout.TextWidth(); });
+  afterAFailure([](TCountingLayout& layout) { layout.TextHeight(); });
+  afterAFailure([](TCountingLayout& layout) { layout.TextRect(); });
+  afterAFailure([](TCountingLayout& layout) { layout.PositionAtPoint({1, 1}); });
+  afterAFailure([](TCountingLayout& layout) { layout.RegionForRange({0, 1}); });
+  afterAFailure([&](TCountingLayout& layout) { layout.RenderLayout(canvas); });
+}
+
+TEST(TextLayout, AFailureAtTheEndOfAnUpdateIsMadeUpForToo) {
+  TCountingLayout layout;
+  layout.BeginUpdate();
+  layout.SetText(u"abc");
+  layout.Fails = true;
+  EXPECT_THROW(layout.EndUpdate(), std::runtime_error);
+  layout.Fails = false;
+  EXPECT_FALSE(layout.IsUpdating());
+  EXPECT_EQ(layout.TextWidth(), 10);
+  EXPECT_EQ(layout.Renders, 1);
+}
+
+TEST(TextLayout, AQueryWithinAnUpdateRendersNothing) {
+  TCountingLayout layout;
+  layout.BeginUpdate();
+  layout.SetText(u"abc");
+  layout.TextWidth();
+  EXPECT_EQ(layout.Renders, 0);
+  layout.EndUpdate();
+  EXPECT_EQ(layout.Renders, 1);
+}
+
+TEST(TextLayout, ARenderMayAskTheLayoutItself) {
+  TCountingLayout layout;
+  layout.AsksItself = true;
+  layout.SetText(u"abc");
+  EXPECT_EQ(layout.AskedWidth, 10);
+  EXPECT_EQ(layout.Renders, 1);
+}
+
+TEST(TextLayout, ASizeThatIsTheSameButForRoundingIsNoChange) {
+  TCountingLayout layout;
+  layout.SetMaxSize({50, 60});
+  layout.SetMaxSize({50.00005F, 59.99995F});
+  EXPECT_EQ(layout.Renders, 1);
+  EXPECT_EQ(layout.MaxSize(), (fmx::TPointF{50, 60}));
+  layout.SetMaxSize({50.001F, 60});
+  EXPECT_EQ(layout.Renders, 2);
+  layout.SetMaxSize({50.001F, 60.001F});
+  EXPECT_EQ(layout.Renders, 3);
 }
 
 TEST(TextLayout, ARenderMayTurnTheDirectionWithoutRenderingAgain) {

@@ -445,6 +445,24 @@ TEST_F(SoftwareCanvas, TextReachesThePixels) {
   TFontGlyphManager::RegisterBackEnd({});
 }
 
+TEST_F(SoftwareCanvas, ARefusedSceneLeavesTheTargetAlone) {
+  TSoftwareCanvas nowhere({TCanvasTarget::TKind::Bitmap, nullptr, nullptr, 4, 4, 1});
+  EXPECT_FALSE(nowhere.BeginScene());
+  TSoftwareCanvas closed({TCanvasTarget::TKind::Window, nullptr, nullptr, 4, 4, 1});
+  EXPECT_FALSE(closed.BeginScene());
+  fmx::TBitmap bitmap(4, 4);
+  TSoftwareCanvas canvas({TCanvasTarget::TKind::Bitmap, &bitmap, nullptr, 4, 4, 1});
+  fmx::TBitmapData data;
+  ASSERT_TRUE(bitmap.Map(fmx::TMapAccess::Read, data));
+  const auto version = bitmap.Version();
+  EXPECT_FALSE(canvas.BeginScene());
+  EXPECT_EQ(bitmap.Version(), version);
+  bitmap.Unmap(data);
+  EXPECT_TRUE(canvas.BeginScene());
+  canvas.EndScene();
+  EXPECT_NE(bitmap.Version(), version);
+}
+
 // --- Arguments out of any range ---
 
 TEST_F(SoftwareCanvas, FarPointsAreCutWithoutBendingWhatIsSeen) {

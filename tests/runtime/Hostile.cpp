@@ -102,6 +102,19 @@ TEST(HostileClass, ThereIsNoClassWithoutParent) {
   ExpectRefused({u"U", u"T", {}, {}, {}, 0}, nullptr);
 }
 
+// Its tables stand before or inside the header, so nothing says how much of it there is to copy.
+TEST(HostileClass, AParentWhoseRecordEndsInsideItsHeaderIsRefused) {
+  for (const std::ptrdiff_t back :
+       {std::ptrdiff_t{1}, std::ptrdiff_t{8}, std::ptrdiff_t{199}, std::ptrdiff_t{200}, std::ptrdiff_t{1000}}) {
+    THandRecord parent(3);
+    parent.Vmt().MethodTable = reinterpret_cast<const std::byte*>(parent.Class()) - back;
+    ExpectRefused({u"U", u"T", {}, {}, {}, 0}, parent.Class());
+    ExpectRefused({u"U", u"T", {}, {}, {MadeUp(3)}, 0}, parent.Class());
+  }
+  THandRecord empty(0);
+  EXPECT_NO_THROW((TRequest{u"U", u"T", {}, {}, {}, 0}.Make(empty.Class())));
+}
+
 TEST(HostileClass, AMethodHas255ParametersAtMost) {
   const TClass made = TRequest{u"U", u"T", {}, {MethodWith(255, 1)}, {}, 0}.Make(TShape::Class());
   EXPECT_EQ(TGeneratedBytes(made).MethodTable.Methods.at(0).Params.size(), 255U);

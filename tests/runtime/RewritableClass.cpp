@@ -3,10 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <type_traits>
 
+#include "tests/runtime/HandRecord.h"
 #include "tests/runtime/Shapes.h"
 
 namespace orv {
@@ -77,6 +79,36 @@ TEST(RewritableClass, TheRecordTellsWhatTheClassIs) {
   EXPECT_FALSE(InheritsFrom(TShape::Class(), nullptr));
   EXPECT_EQ(TTile(1).ClassName(), "TTile");
   EXPECT_TRUE(TTile(1).InheritsFrom(TSquare::Class()));
+}
+
+TEST(RewritableClass, ACompiledDescendantHasNoneOfItsParentsTables) {
+  testing::THandRecord parent(2);
+  parent.Vmt().FieldTable = parent.Place(0);
+  parent.Vmt().MethodTable = parent.Place(1);
+  parent.Vmt().AutoTable = parent.Place(2);
+  parent.Vmt().DynamicTable = parent.Place(3);
+  parent.Vmt().Destroy = testing::THandRecord::Method(77);
+  struct alignas(8) TRoom {
+    std::byte Bytes[CompiledRecordRoom(2)];
+  };
+  for (const bool withFirstTables : {false, true}) {
+    if (withFirstTables) {
+      parent.Vmt().IntfTable = parent.Class();
+      parent.Vmt().InitTable = parent.Place(0);
+      parent.Vmt().FieldTable = nullptr;
+    }
+    TRoom room;
+    const TClass made = MakeCompiledRecord(room.Bytes, {"U", "T", parent.Class(), 8, 2}, {});
+    const TVmt& vmt = *TVmt::GetVMT(made);
+    EXPECT_EQ(vmt.IntfTable, nullptr);
+    EXPECT_EQ(vmt.AutoTable, nullptr);
+    EXPECT_EQ(vmt.InitTable, nullptr);
+    EXPECT_EQ(vmt.FieldTable, nullptr);
+    EXPECT_EQ(vmt.DynamicTable, nullptr);
+    EXPECT_EQ(vmt.Destroy, testing::THandRecord::Method(77)) << "standard slots are inherited";
+    EXPECT_EQ(vmt.GetUserMethodCount(), 2);
+    EXPECT_EQ(vmt.GetMethod(1), testing::THandRecord::Method(2));
+  }
 }
 
 TEST(RewritableClass, AMethodIsFoundByItsIdentity) {

@@ -279,6 +279,29 @@ TEST(VirtualClassGenerator, TheBytesTellTheArgumentsBack) {
 
 // --- Parts of the arguments ---
 
+TEST(VirtualClassGenerator, APublishedMethodIsMadeWithAndWithoutParameters) {
+  static const PTypeInfo resultType = nullptr;
+  const auto flags = TGenerator::TMethodFlags::Create(1, TGenerator::TMethodFlags::TSpecialMethod::smNone, 2, 3);
+  const auto plain = TGenerator::TPublishedMethod::Create(u"Plain", testing::MadeUp(1), 4, -5, flags, &resultType, 6);
+  EXPECT_EQ(plain.MethodName, u"Plain");
+  EXPECT_EQ(plain.Address, testing::MadeUp(1));
+  EXPECT_EQ(plain.CC, 4);
+  EXPECT_EQ(plain.VirtualIndex, -5);
+  EXPECT_EQ(plain.Flags.Flags, flags.Flags);
+  EXPECT_EQ(plain.ResultType, &resultType);
+  EXPECT_EQ(plain.ParOff, 6);
+  EXPECT_TRUE(plain.Params.empty());
+  const auto taking =
+      TGenerator::TPublishedMethod::Create(u"Taking", testing::MadeUp(2), 4, -5, flags, &resultType, 6,
+                                           {TGenerator::TMethodParam::Create(u"first", 1, nullptr, 2),
+                                            TGenerator::TMethodParam::Create(u"second", 3, &resultType, 4)});
+  EXPECT_EQ(taking.MethodName, u"Taking");
+  EXPECT_EQ(taking.ParOff, 6);
+  ASSERT_EQ(taking.Params.size(), 2U);
+  EXPECT_EQ(taking.Params[1].Name, u"second");
+  EXPECT_EQ(taking.Params[1].ParamType, &resultType);
+}
+
 TEST(VirtualClassGenerator, TheFlagsWordKeepsItsPartsApart) {
   using TFlags = TGenerator::TMethodFlags;
   using TSpecial = TFlags::TSpecialMethod;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "fmx/Log.h"
+#include "fmx/ResourceStrings.h"
 
 namespace {
 
@@ -19,6 +20,10 @@ TEST(Format, PutsValuesInPlaces) {
   EXPECT_EQ(fmx::Format("'%s' %s", {u"سل", "ab"}), "'سل' ab");
   EXPECT_EQ(fmx::Format("%2.2f|%8.1f|%.0f", {3.14159, -2.25, 7.9}), "3.14|    -2.2|8");
   EXPECT_EQ(fmx::Format("100%%, %5d|", {42}), "100%,    42|");
+}
+
+TEST(Format, TheTextOfAMissingResultNamesTheFunction) {
+  EXPECT_EQ(fmx::Format(fmx::SResultCanNotBeNil, {"CreateListBox"}), "The result of CreateListBox must not be nil");
 }
 
 TEST(Format, TheValueDecidesHowItIsWritten) {

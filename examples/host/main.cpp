@@ -27,9 +27,11 @@ struct TGlyphs : fmx::TFontGlyphBackEnd {
     const orv::platform::TGlyph& from = Source->Glyph(chars[0]);
     fmx::TFontGlyph to;
     to.Origin.X = from.Left;
-    to.Advance = from.Advance;
+    const bool mark = (chars[0] >= 0xFC5E && chars[0] <= 0xFC62) || (chars[0] >= 0xFE70 && chars[0] <= 0xFE7D);
+    to.Advance = mark ? 0 : from.Advance;
     to.VerticalAdvance = DoGetBaseline() + std::ceil(Source->Metrics().Descent);
-    if (settings.Contains(fmx::TFontGlyphSetting::Bitmap)) to.Bitmap.SetSize(from.Width, int(to.VerticalAdvance));
+    const int width = std::max(from.Width, int(std::ceil(from.Advance)));
+    if (settings.Contains(fmx::TFontGlyphSetting::Bitmap)) to.Bitmap.SetSize(width, int(to.VerticalAdvance));
     for (int i = 0; i < from.Width * from.Height; ++i) {
       const auto row = to.Bitmap.Scanline(int(DoGetBaseline()) - from.Top + i / from.Width);
       if (!row.empty()) row[i % from.Width] = 0x01010101U * from.Coverage[i];

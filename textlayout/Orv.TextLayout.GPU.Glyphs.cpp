@@ -157,8 +157,8 @@ TCharMap* TGlyphAtlas::FindPlace(std::int32_t width, std::int32_t height, float 
   for (TCharMap& map : maps)
     if (map.BinPack.Occupancy() < FullOccupancy && insert(map)) return &map;
   if (width > TextureSide || height > TextureSide) return nullptr;
-  maps.push_back({std::make_unique<fmx::TBitmap>(TextureSide, TextureSide, bitmapScale),
-                  fmx::TGuillotineBinPack(TextureSide, TextureSide)});
+  auto texture = std::make_unique<fmx::TBitmap>(TextureSide, TextureSide, bitmapScale);
+  maps.push_back({std::move(texture), fmx::TGuillotineBinPack(TextureSide, TextureSide)});
   return insert(maps.back()) ? &maps.back() : nullptr;
 }
 

@@ -66,7 +66,7 @@ std::span<const UCS4Char> TGPURun::Atoms() const {
 }
 
 UCS4Char TGPURun::Atom(std::int32_t index) const {
-  return index >= 0 && index < FAtomCount ? (*FAtoms)[static_cast<std::size_t>(FFirstAtom + index)] : 0;
+  return index >= 0 && index < FAtomCount ? Atoms()[static_cast<std::size_t>(index)] : 0;
 }
 
 std::int32_t TGPURun::UCS4IndexToUTF16Index(std::int32_t index) const {
@@ -146,10 +146,10 @@ void TGPURun::Transform(TTransform transform) {
   const auto atoms = Atoms();
   scratch.assign(atoms.begin(), atoms.end());
   transform(scratch);
-  const bool isLast = static_cast<std::size_t>(FFirstAtom + FAtomCount) == FAtoms->size();
+  const bool isLast = AtomsEnd() == FAtoms->size();
   FAtomCount = std::min(FAtomCount, static_cast<std::int32_t>(scratch.size()));
   std::copy_n(scratch.begin(), FAtomCount, FAtoms->begin() + FFirstAtom);
-  if (isLast) FAtoms->resize(static_cast<std::size_t>(FFirstAtom + FAtomCount));
+  if (isLast) FAtoms->resize(AtomsEnd());
 }
 
 void TGPURun::PrepareArabicDigits() {

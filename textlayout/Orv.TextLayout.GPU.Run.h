@@ -164,6 +164,8 @@ class TGPURun {
   std::unique_ptr<TGPURun> SplitSkipping(TSplitIndex at, std::int32_t skipped);
   template <typename TTransform>
   void Transform(TTransform transform);
+  // Behind the run's last atom, in the list that runs share.
+  std::size_t AtomsEnd() const { return static_cast<std::size_t>(FFirstAtom) + static_cast<std::size_t>(FAtomCount); }
 
   std::shared_ptr<TUCS4List> FAtoms;  // shared with the other runs of the frame
   std::int32_t FFirstAtom = 0;        // of the list

@@ -1,54 +1,12 @@
 // What a split allocates, counted by replacing the global allocation functions of this program.
 #include <gtest/gtest.h>
 
-#include <atomic>
-#include <cstdlib>
-#include <new>
-
+#include "tests/support/Allocations.h"
 #include "unicode/Unicode.Engine.Types.h"
 #include "unicode/Unicode.Text.UCS4.h"
 
-namespace {
-
-std::atomic<long> allocations{0};
-
-void* Allocate(std::size_t size) {
-  ++allocations;
-  if (void* block = std::malloc(size > 0 ? size : 1)) return block;
-  throw std::bad_alloc();
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-  return Allocate(size);
-}
-void* operator new[](std::size_t size) {
-  return Allocate(size);
-}
-void operator delete(void* block) noexcept {
-  std::free(block);
-}
-void operator delete[](void* block) noexcept {
-  std::free(block);
-}
-void operator delete(void* block, std::size_t) noexcept {
-  std::free(block);
-}
-void operator delete[](void* block, std::size_t) noexcept {
-  std::free(block);
-}
-
 namespace orv::testing {
 namespace {
-
-// The allocations that an action makes.
-template <typename TAction>
-long Count(TAction action) {
-  const long before = allocations;
-  action();
-  return allocations - before;
-}
 
 // Lines of 40 units with everything in them that has storage of its own: brackets, quotes, numbers, line ends.
 constexpr std::u16string_view Lines[] = {
@@ -65,14 +23,15 @@ TEST(SplitAllocations, IntoReusedArraysAShortLineAllocatesNothing) {
     TDirectiveChars::SplitByDirection(line, TParagraphBidi::RightToLeft, runs);  // warm
   for (const std::u16string_view line : Lines)
     for (const TParagraphBidi paragraph : {TParagraphBidi::LeftToRight, TParagraphBidi::RightToLeft})
-      EXPECT_EQ(Count([&] { TDirectiveChars::SplitByDirection(line, paragraph, runs); }), 0);
+      EXPECT_EQ(AllocationsOf([&] { TDirectiveChars::SplitByDirection(line, paragraph, runs); }), 0);
 }
 
 TEST(SplitAllocations, ByValueALineAllocatesItsResultsAndNothingElse) {
   for (const std::u16string_view line : Lines) TDirectiveChars::SplitByDirection(line, TParagraphBidi::RightToLeft);
   for (const std::u16string_view line : Lines) {
     TDirectionalRuns runs;
-    const long made = Count([&] { runs = TDirectiveChars::SplitByDirection(line, TParagraphBidi::RightToLeft); });
+    const long made =
+        AllocationsOf([&] { runs = TDirectiveChars::SplitByDirection(line, TParagraphBidi::RightToLeft); });
     const long results = (runs.Offsets.empty() ? 0 : 1) + (runs.VisualOrder.empty() ? 0 : 1) +
                          (runs.Bidi.empty() ? 0 : 1) + (runs.Ranges.empty() ? 0 : 1);
     EXPECT_EQ(made, results);
@@ -80,13 +39,13 @@ TEST(SplitAllocations, ByValueALineAllocatesItsResultsAndNothingElse) {
 }
 
 TEST(SplitAllocations, TheDirectionTestAllocatesNothing) {
-  EXPECT_EQ(Count([] { EXPECT_TRUE(TDirectiveChars::IsRTLText(Lines[0], false)); }), 0);
+  EXPECT_EQ(AllocationsOf([] { EXPECT_TRUE(TDirectiveChars::IsRTLText(Lines[0], false)); }), 0);
 }
 
 TEST(TransformAllocations, WorkInPlace) {
   for (const std::u16string_view line : Lines) {
     TUCS4List list = ToUCS4String(line);
-    EXPECT_EQ(Count([&] {
+    EXPECT_EQ(AllocationsOf([&] {
                 TUCS4ListHelper::ReplaceQuotesWithPrimes(list);
                 TUCS4ListHelper::ChangeToComplexCharacters(list);
                 TUCS4ListHelper::ChangeToArabicDigits(list);
@@ -98,12 +57,12 @@ TEST(TransformAllocations, WorkInPlace) {
 TEST(TransformAllocations, AppendingToAListWithRoomAllocatesNothing) {
   TUCS4List list;
   list.reserve(200);
-  EXPECT_EQ(Count([&] { AppendUtf16(Lines[0], list); }), 0);
-  EXPECT_EQ(Count([] { ToUCS4String(Lines[0]); }), 1);
+  EXPECT_EQ(AllocationsOf([&] { AppendUtf16(Lines[0], list); }), 0);
+  EXPECT_EQ(AllocationsOf([] { ToUCS4String(Lines[0]); }), 1);
 }
 
 TEST(AllocationCount, SeesAnAllocation) {
-  EXPECT_EQ(Count([] { delete new int(7); }), 1);
+  EXPECT_EQ(AllocationsOf([] { delete new int(7); }), 1);
 }
 
 }  // namespace

@@ -9,10 +9,6 @@ foreach(library IN LISTS libraries)
   file(RELATIVE_PATH room ${PROJECT_SOURCE_DIR} ${folder})
   install(DIRECTORY ${folder}/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orv/${room} FILES_MATCHING PATTERN "*.h")
 endforeach()
-# Class records, which the ground floor's library holds.
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/runtime/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orv/runtime
-  FILES_MATCHING PATTERN "*.h")
-
 install(EXPORT OrvTargets NAMESPACE Orv:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Orv)
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/OrvConfig.cmake.in ${PROJECT_BINARY_DIR}/OrvConfig.cmake
   INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Orv)

@@ -40,4 +40,9 @@ float DefaultFontSize() {
   return size > 0 && std::isfinite(size) ? size : 12.0F;
 }
 
+std::u16string DocumentsFolder() {
+  const auto folders = FindService<IFolderService>();
+  return folders ? folders->GetDocumentsFolder() : std::u16string();
+}
+
 }  // namespace fmx

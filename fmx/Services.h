@@ -43,6 +43,13 @@ class IFontService : public IPlatformService {
   virtual float GetDefaultFontSize() = 0;
 };
 
+class IFolderService : public IPlatformService {
+ public:
+  static constexpr TGuid Guid = TGuid::Of("{6E0C9A57-2B41-4E63-9D27-58A1C3F0B714}");
+  // The folder of the application's documents, without a '/' at its end; empty where there is none.
+  virtual std::u16string GetDocumentsFolder() = 0;
+};
+
 class IFMXClipboardService : public IPlatformService {
  public:
   static constexpr TGuid Guid = TGuid::Of("{1F6D8C41-92B4-4C0D-B5E7-7E4A1D3C9F33}");
@@ -52,10 +59,11 @@ class IFMXClipboardService : public IPlatformService {
 };
 
 // What the services say, or what holds without them: scale 1, the direction of TScreen's active form, the family
-// "", 12.
+// "", 12, no folder.
 float ScreenScale();
 TBiDiMode ActiveFormBiDiMode();
 std::u16string DefaultFontFamily();
 float DefaultFontSize();
+std::u16string DocumentsFolder();
 
 }  // namespace fmx

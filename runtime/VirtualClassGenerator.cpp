@@ -205,6 +205,10 @@ const TVirtualClassGenerator::TVirtualClassList& TVirtualClassGenerator::Classes
   return ClassList();
 }
 
+void TVirtualClassGenerator::DestroyClassList() {
+  ClassList() = {};
+}
+
 TVirtualClassGenerator::TPublishedMethod TVirtualClassGenerator::TPublishedMethod::Create(
     rtl::UnicodeString methodName, TMethodAddress address, std::uint8_t cc, std::int16_t virtualIndex,
     TMethodFlags flags, const PTypeInfo* resultType, std::uint16_t parOff, std::vector<TMethodParam> params) {

@@ -123,6 +123,8 @@ class TVirtualClassGenerator {
   };
   // All classes that CreateNewClass has made.
   static const TVirtualClassList& Classes();
+  // Empties that list. The classes stay in force.
+  static void DestroyClassList();
 
   // Makes a class out of parentClass and answers its class value.
   // - The class has all slots of its parent, standard ones included, then newVirtuals. Overrides are applied in their

@@ -71,7 +71,7 @@ TEST_F(Marzel, IsAComponentThatAFormOwns) {
 
 class TFolders : public fmx::IFolderService {
  public:
-  std::u16string GetDocumentsFolder() override { return u"/home/someone/Documents"; }
+  std::u16string GetDocumentsFolder() override { return u"/papers/mine"; }
 };
 
 class Fonts : public ::testing::Test {
@@ -105,9 +105,9 @@ TEST_F(Fonts, APathWithASlashStaysAsItIs) {
 
 TEST_F(Fonts, AFileNameAloneIsOneOfTheDocuments) {
   RegisterFont(u"Nazli", u"nazli.ttf", false);
-  EXPECT_EQ(Info(u"Nazli").ResString, u"/home/someone/Documents/nazli.ttf");
+  EXPECT_EQ(Info(u"Nazli").ResString, u"/papers/mine/nazli.ttf");
   RegisterFont(u"Nazli", u"dos\\nazli.ttf", false);
-  EXPECT_EQ(Info(u"Nazli").ResString, u"/home/someone/Documents/dos\\nazli.ttf");
+  EXPECT_EQ(Info(u"Nazli").ResString, u"/papers/mine/dos\\nazli.ttf");
 }
 
 TEST_F(Fonts, WithoutAFolderAFileNameStaysAsItIs) {

@@ -26,3 +26,12 @@ file(RELATIVE_PATH pcPrefix ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTA
 string(REGEX REPLACE "/$" "" pcPrefix ${pcPrefix})
 configure_file(${PROJECT_SOURCE_DIR}/cmake/orv.pc.in ${PROJECT_BINARY_DIR}/orv.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/orv.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+if(TARGET orv_host)
+  # Headers go with the static libraries. Component "shared": the two libraries and fmx.pc, with which an application is
+  # linked with the host framework alone.
+  install(TARGETS orv_host orv_shared_library EXPORT OrvTargets
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT shared)
+  configure_file(${PROJECT_SOURCE_DIR}/cmake/fmx.pc.in ${PROJECT_BINARY_DIR}/fmx.pc @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/fmx.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT shared)
+endif()

@@ -44,6 +44,7 @@ class TSourceGlyphs : public fmx::TFontGlyphBackEnd {
     if (settings.Contains(fmx::TFontGlyphSetting::Bitmap)) Paint(from, glyph);
     if (settings.Contains(fmx::TFontGlyphSetting::Path)) {
       glyph.Path = Source().Outline(c);
+      glyph.Path.Translate(0, DoGetBaseline());
       glyph.Style.Include(fmx::TFontGlyphStyle::HasPath);
     }
     return glyph;

@@ -14,5 +14,7 @@ void RegisterRtf();          // markup_rtf.cpp
 void RegisterBinPack();      // fmx_BinPack.cpp
 void RegisterDispatch();     // runtime_Dispatch.cpp
 void RegisterQuads();        // platform_Quads.cpp
+void RegisterLayouts();      // textlayout_Paragraphs.cpp
+void RegisterHitTests();     // textlayout_HitTests.cpp
 
 }  // namespace orv::bench

@@ -29,6 +29,8 @@ int main(int argc, char** argv) {
   orv::bench::RegisterRtf();
   orv::bench::RegisterDispatch();
   orv::bench::RegisterQuads();
+  orv::bench::RegisterLayouts();
+  orv::bench::RegisterHitTests();
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();
 }

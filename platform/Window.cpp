@@ -119,7 +119,14 @@ std::optional<TWindowEvent> Translate(const SDL_Event& event) {
     case SDL_MOUSEWHEEL:
       result.Kind = TWindowEvent::TKind::Wheel;
       result.Steps = event.wheel.preciseY;
+      SDL_GetMouseState(&result.X, &result.Y);
       result.Control = (SDL_GetModState() & KMOD_CTRL) != 0;
+      return result;
+    case SDL_MOUSEBUTTONDOWN:
+      if (event.button.button != SDL_BUTTON_LEFT) return std::nullopt;
+      result.Kind = TWindowEvent::TKind::Press;
+      result.X = event.button.x;
+      result.Y = event.button.y;
       return result;
     default:
       return std::nullopt;

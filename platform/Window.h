@@ -35,12 +35,15 @@ struct TWindowEvent {
     Resized,  // Width and Height hold its new size in pixels
     Exposed,  // its content must be shown again
     Key,      // Key went down, or repeats; Control tells whether Ctrl was held
-    Wheel,    // the wheel turned by Steps; away from the person is positive. Control as above
+    Wheel,    // the wheel turned by Steps; away from the person is positive. Control, X and Y
+    Press,    // the first mouse button went down at X and Y, in pixels of the window
   };
   TKind Kind = TKind::Exposed;
   TWindowKey Key = TWindowKey::Other;
   bool Control = false;
   float Steps = 0;
+  int X = 0;
+  int Y = 0;
   int Width = 0;
   int Height = 0;
 };

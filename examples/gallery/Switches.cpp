@@ -1,0 +1,83 @@
+#include "examples/gallery/Switches.h"
+
+#include <cctype>
+#include <string_view>
+
+#include "tools/orv/eval/Names.h"
+#include "unicode/OrvSystem.GlobalSettings.h"
+
+namespace gallery {
+namespace {
+
+using TSettings = orv::TOrvGlobalSettings;
+
+template <typename T>
+TSwitch Choice(const char16_t* caption, T& setting, T value) {
+  return {caption, true, [&setting, value] { return setting == value; }, [&setting, value] { setting = value; }};
+}
+
+template <typename TSet, typename TItem>
+TSwitch Toggle(std::string_view name, TSet& set, TItem item) {
+  return {Spoken(name), false, [&set, item] { return set.Contains(item); },
+          [&set, item] {
+            if (set.Contains(item))
+              set.Exclude(item);
+            else
+              set.Include(item);
+          }};
+}
+
+TGroup Look(bool& isDark) {
+  return {u"Page", {Choice(u"Light", isDark, false), Choice(u"Dark", isDark, true)}};
+}
+
+TGroup Equations() {
+  using TOrder = TSettings::TMathOrder;
+  return {u"Equations",
+          {Choice(u"Left to right", TSettings::EquationOrder, TOrder::LeftToRight),
+           Choice(u"Right to left", TSettings::EquationOrder, TOrder::ArabicRightToLeft)}};
+}
+
+TGroup Digits() {
+  using TType = TSettings::TArabicDigitType;
+  return {u"Digits",
+          {Choice(u"Arabic", TSettings::ArabicDigitType, TType::ArabicDigitType1),
+           Choice(u"Persian", TSettings::ArabicDigitType, TType::ArabicDigitType2),
+           Choice(u"Latin", TSettings::ArabicDigitType, TType::Latin)}};
+}
+
+TGroup Options() {
+  TGroup group{u"Options", {}};
+  for (const auto& [name, option] : orv::eval::OptionNames)
+    group.Switches.push_back(Toggle(name, TSettings::Options, option));
+  return group;
+}
+
+TGroup Corrections() {
+  TGroup group{u"Corrections", {}};
+  for (const auto& [name, correction] : orv::eval::CorrectionNames)
+    group.Switches.push_back(Toggle(name, TSettings::Corrections, correction));
+  return group;
+}
+
+}  // namespace
+
+std::u16string Spoken(std::string_view name) {
+  std::u16string spoken;
+  for (std::size_t i = 0; i < name.size(); ++i) {
+    const auto c = static_cast<unsigned char>(name[i]);
+    const bool starts = std::isupper(c) != 0 && i > 0;
+    const bool inWord = i + 1 < name.size() && std::isupper(static_cast<unsigned char>(name[i + 1])) != 0;
+    const bool afterUpper = i > 0 && std::isupper(static_cast<unsigned char>(name[i - 1])) != 0;
+    if (starts && !(inWord && afterUpper)) spoken += u' ';
+    const bool keeps = i == 0 || inWord || afterUpper;
+    spoken += static_cast<char16_t>(keeps ? c : std::tolower(c));
+  }
+  return spoken;
+}
+
+std::vector<TGroup> MakeSwitches(bool& isDark) {
+  return {Look(isDark), Equations(), Digits(), Options(), Corrections()};
+}
+
+}  // namespace gallery

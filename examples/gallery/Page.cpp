@@ -127,14 +127,21 @@ void PaintLines(TColumn& column) {
       u"طول میز 12 cm است و پهنای آن 5' است.",
       u"1) نخست 15% و سپس 20% ارزان شد.",
       u"در سال 2023 Linux و 1403/12/30 نوروز",
-      u"نسخهٔ (2)-Windows و بـب و ه\u200D و سلام !",
+      u"نسخهٔ (2)-Windows و بـب و ه\u200D است.",
+      u"سلام !\nدو سطر، در یک متن.",
   };
-  const TRectF inside = column.Card(u"Numbers, measures, lists", std::size(lines) * rowHeight + 2 * Inside);
+  const auto heightOf = [](std::u16string_view line) {
+    return line.find(u'\n') == std::u16string_view::npos ? rowHeight : 1.6F * rowHeight;
+  };
+  float height = 0;
+  for (const auto& line : lines) height += heightOf(line);
+  const TRectF inside = column.Card(u"Numbers, measures, lists", height + 2 * Inside);
   float top = inside.Top;
   for (const auto& line : lines) {
-    DrawText(column.Canvas, {inside.Left, top, inside.Right, top + rowHeight}, line,
+    const float bottom = top + heightOf(line);
+    DrawText(column.Canvas, {inside.Left, top, inside.Right, bottom}, line,
              {16, column.Theme.Ink, TTextAlign::Trailing});
-    top += rowHeight;
+    top = bottom;
   }
 }
 
@@ -147,13 +154,19 @@ struct TProse {
 };
 constexpr TProse Prose[] = {
     {u"بنی‌آدم اعضای یکدیگرند", 26, TTextAlign::Trailing},
-    {u"حافظهٔ نهان، یک سیستم ذخیره‌سازی موقت به منظور افزایش سرعت دسترسی به داده است؛ این مفهوم می‌تواند در "
+    {u"حافظهٔ نهان، یک سیستم ذخیره‌سازی موقت به منظور افزایش سرعت دسترسی به داده است؛ این مفهوم "
+     u"می‌تواند "
+     u"در "
      u"شرایط "
-     u"گوناگون و مقیاس‌های متفاوت مورد استفاده قرار گیرد، از هستهٔ «ریزپردازنده‌ها» گرفته تا سیستم‌های "
+     u"گوناگون و مقیاس‌های متفاوت مورد استفاده قرار گیرد، از هستهٔ «ریزپردازنده‌ها» گرفته "
+     u"تا "
+     u"سیستم‌های "
      u"ذخیره‌سازی با "
      u"قابلیت بالا.",
      16, TTextAlign::Trailing},
-    {u"برنامهٔ SpamAssassin نامه‌های ناخواسته را می‌شناسد و به هر یک امتیازی می‌دهد؛ نامه‌ای با امتیاز بیش از "
+    {u"برنامهٔ SpamAssassin نامه‌های ناخواسته را می‌شناسد و به هر یک امتیازی می‌دهد؛ نامه‌ای با امتیاز "
+     u"بیش "
+     u"از "
      u"5.0 "
      u"(پیش‌فرض spamassassin 3.4) کنار می‌رود.",
      16, TTextAlign::Trailing},

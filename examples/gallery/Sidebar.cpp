@@ -28,7 +28,7 @@ void PaintToggle(fmx::TCanvas& canvas, const TTheme& theme, const fmx::TRectF& b
   FillRound(canvas, track, 7, isOn ? theme.Accent : theme.Line);
   const float knob = isOn ? track.Right - 12 : track.Left + 2;
   FillRound(canvas, {knob, middle - 5, knob + 10, middle + 5}, 5, theme.Knob);
-  DrawText(canvas, {box.Left, box.Top, box.Right - 30, box.Bottom}, each.Caption, {12, isOn ? theme.Ink : theme.Faint});
+  DrawText(canvas, {box.Left, box.Top, box.Right - 30, box.Bottom}, each.Caption, {11, isOn ? theme.Ink : theme.Faint});
 }
 
 }  // namespace

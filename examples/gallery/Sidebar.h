@@ -12,7 +12,7 @@ namespace gallery {
 // Choices stand side by side, toggles one below the other. Coordinates are those of the window.
 class TSidebar {
  public:
-  static constexpr float Width = 276;
+  static constexpr float Width = 304;
 
   explicit TSidebar(std::vector<TGroup> groups) : FGroups(std::move(groups)) {}
 
@@ -21,6 +21,13 @@ class TSidebar {
 
   // Presses what is there; false where nothing is.
   bool Press(fmx::TPointF point);
+
+  // Calls visit(switch, place) for each switch, where it stands before scrolling.
+  template <typename TVisit>
+  void ForEach(TVisit visit) {
+    Arrange();
+    for (const TPlace& place : FPlaces) visit(*place.Switch, place.Box);
+  }
 
   // Moves the content up by that much, within its bounds.
   void Scroll(float by, float height);

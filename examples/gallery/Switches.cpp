@@ -63,15 +63,17 @@ TGroup Corrections() {
 }  // namespace
 
 std::u16string Spoken(std::string_view name) {
+  const auto isUpper = [name](std::size_t i) {
+    return i < name.size() && std::isupper(static_cast<unsigned char>(name[i])) != 0;
+  };
   std::u16string spoken;
   for (std::size_t i = 0; i < name.size(); ++i) {
+    // A word begins with an upper letter behind a lower one, or with the last of several before a lower one.
+    const bool begins = i > 0 && isUpper(i) && (!isUpper(i - 1) || (i + 1 < name.size() && !isUpper(i + 1)));
+    const bool inAcronym = isUpper(i) && (isUpper(i + 1) || (i > 0 && isUpper(i - 1) && !begins));
+    if (begins) spoken += u' ';
     const auto c = static_cast<unsigned char>(name[i]);
-    const bool starts = std::isupper(c) != 0 && i > 0;
-    const bool inWord = i + 1 < name.size() && std::isupper(static_cast<unsigned char>(name[i + 1])) != 0;
-    const bool afterUpper = i > 0 && std::isupper(static_cast<unsigned char>(name[i - 1])) != 0;
-    if (starts && !(inWord && afterUpper)) spoken += u' ';
-    const bool keeps = i == 0 || inWord || afterUpper;
-    spoken += static_cast<char16_t>(keeps ? c : std::tolower(c));
+    spoken += static_cast<char16_t>(i == 0 || inAcronym ? c : std::tolower(c));
   }
   return spoken;
 }

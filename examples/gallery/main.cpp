@@ -1,6 +1,7 @@
 // The gallery: what right-to-left text looks like, with every switch of the system beside it.
 //
 //   gallery                    opens the window; Esc or Q closes it
+//   gallery --switches         tells where in the window each switch is, for scripts that press them
 //   gallery -o FOLDER [SCALE]  writes its pictures instead, light and dark, which needs no display
 #include <cstdio>
 #include <cstdlib>
@@ -15,6 +16,7 @@
 #include "platform/Host.h"
 #include "platform/Png.h"
 #include "platform/Window.h"
+#include "rtl/Utf8.h"
 #include "runtime/Marzel.h"
 
 namespace {
@@ -44,6 +46,13 @@ class TGallery {
       FSidebar.Scroll(by, height);
     else
       FPage.Scroll(by);
+  }
+  void ListSwitches() {
+    FSidebar.ForEach([](const gallery::TSwitch& each, const fmx::TRectF& place) {
+      const fmx::TPointF center = place.Center();
+      std::printf("%d %d %s\n", static_cast<int>(center.X), static_cast<int>(center.Y),
+                  rtl::ToUtf8(each.Caption).c_str());
+    });
   }
   void SetDark(bool dark) { FIsDark = dark; }
 
@@ -130,9 +139,13 @@ void ShowWindow() {
 int main(int argc, char** argv) {
   platform::StartPlatform();
   orv::Install();
+  if (argc == 2 && std::string_view(argv[1]) == "--switches") {
+    TGallery().ListSwitches();
+    return 0;
+  }
   const bool writes = argc > 2 && std::string_view(argv[1]) == "-o";
   if (argc > 1 && !writes) {
-    std::fprintf(stderr, "usage: gallery [-o FOLDER [SCALE]]\n");
+    std::fprintf(stderr, "usage: gallery [--switches | -o FOLDER [SCALE]]\n");
     return 2;
   }
   try {

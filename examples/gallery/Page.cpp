@@ -152,32 +152,26 @@ struct TProse {
   float Size;
   TTextAlign Align;
 };
+// It counts the columns of such texts anew each time.
+// clang-format off
 constexpr TProse Prose[] = {
     {u"بنی‌آدم اعضای یکدیگرند", 26, TTextAlign::Trailing},
-    {u"حافظهٔ نهان، یک سیستم ذخیره‌سازی موقت به منظور افزایش سرعت دسترسی به داده است؛ این مفهوم "
-     u"می‌تواند "
-     u"در "
-     u"شرایط "
-     u"گوناگون و مقیاس‌های متفاوت مورد استفاده قرار گیرد، از هستهٔ «ریزپردازنده‌ها» گرفته "
-     u"تا "
-     u"سیستم‌های "
-     u"ذخیره‌سازی با "
-     u"قابلیت بالا.",
+    {u"حافظهٔ نهان، یک سیستم ذخیره‌سازی موقت به منظور افزایش سرعت دسترسی به داده است؛ این مفهوم می‌تواند در "
+     u"شرایط گوناگون و مقیاس‌های متفاوت مورد استفاده قرار گیرد، از هستهٔ «ریزپردازنده‌ها» گرفته تا سیستم‌های "
+     u"ذخیره‌سازی با قابلیت بالا.",
      16, TTextAlign::Trailing},
-    {u"برنامهٔ SpamAssassin نامه‌های ناخواسته را می‌شناسد و به هر یک امتیازی می‌دهد؛ نامه‌ای با امتیاز "
-     u"بیش "
-     u"از "
-     u"5.0 "
-     u"(پیش‌فرض spamassassin 3.4) کنار می‌رود.",
+    {u"برنامهٔ SpamAssassin نامه‌های ناخواسته را می‌شناسد و به هر یک امتیازی می‌دهد؛ نامه‌ای با امتیاز بیش از "
+     u"5.0 (پیش‌فرض spamassassin 3.4) کنار می‌رود.",
      16, TTextAlign::Trailing},
-    {u"تضم الأولى حوالي 150 موظفاً؛ أما الثانية (Montpellier) فهي أصغر، فيها حوالي 50 عاملاً فقط، وهي تنتج مضخمات "
-     u"الصوت.",
+    {u"تضم الأولى حوالي 150 موظفاً؛ أما الثانية (Montpellier) فهي أصغر، فيها حوالي 50 عاملاً فقط، وهي تنتج "
+     u"مضخمات الصوت.",
      16, TTextAlign::Trailing},
     {u"בכתב העברי 22 אותיות, וחמש מהן (כ, מ, נ, פ, צ) לובשות צורה אחרת בסוף המילה.", 16, TTextAlign::Trailing},
     {u"In English prose a name like سعدی شیرازی, a title like «گلستان» (1258) or a word like שלום stands in its "
      u"place, and the line goes on from left to right.",
      15, TTextAlign::Leading},
 };
+// clang-format on
 constexpr float ProseGap = 12;
 
 // What the prose takes in that width; a page is measured before its card is drawn.

@@ -35,6 +35,7 @@ check 'preloaded' "$installed" env LD_PRELOAD="$LIBRARY" "$PROBE"
 check 'preloaded by two names' "$installed" env LD_PRELOAD="$LIBRARY $(readlink -f "$LIBRARY")" "$PROBE"
 check 'linked' "$installed" "$PROBE_LINKED"
 check 'linked and preloaded' "$installed" env LD_PRELOAD="$LIBRARY" "$PROBE_LINKED"
+check 'loaded while it runs' "$installed" "$PROBE" "$LIBRARY"
 check 'linked statically' "$installed" "$PROBE_STATIC"
 # A program without the framework's platform has nothing to swap, and hears nothing.
 check 'preloaded to a stranger' 'hello' env LD_PRELOAD="$LIBRARY" /bin/echo hello

@@ -1,5 +1,7 @@
 // An application that knows the host framework alone: tells what the framework would make its texts with, and which
-// font files the process has opened before its first text and after it.
+// font files the process has opened before its first text and after it. An argument is a library to load first.
+#include <dlfcn.h>
+
 #include <cstdio>
 #include <fstream>
 #include <string>
@@ -31,10 +33,19 @@ int OpenFontFiles() {
   return count;
 }
 
+// Loads the library twice and closes it as often: it stays.
+bool OpenAndClose(const char* library) {
+  void* first = dlopen(library, RTLD_NOW);
+  void* second = dlopen(library, RTLD_NOW);
+  if (first == nullptr || second == nullptr) return false;
+  return dlclose(second) == 0 && dlclose(first) == 0;
+}
+
 }  // namespace
 
-int main() {
+int main(int argc, char** argv) {
   orv::platform::StartPlatform();  // does nothing where the host's library was loaded
+  if (argc > 1 && !OpenAndClose(argv[1])) return 1;
 #ifdef PROBE_INSTALLS
   orv::Install();
   orv::Install();

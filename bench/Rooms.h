@@ -16,5 +16,6 @@ void RegisterDispatch();     // runtime_Dispatch.cpp
 void RegisterQuads();        // platform_Quads.cpp
 void RegisterLayouts();      // textlayout_Paragraphs.cpp
 void RegisterHitTests();     // textlayout_HitTests.cpp
+void RegisterDrawing();      // textlayout_Drawing.cpp
 
 }  // namespace orv::bench

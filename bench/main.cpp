@@ -31,6 +31,7 @@ int main(int argc, char** argv) {
   orv::bench::RegisterQuads();
   orv::bench::RegisterLayouts();
   orv::bench::RegisterHitTests();
+  orv::bench::RegisterDrawing();
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();
 }

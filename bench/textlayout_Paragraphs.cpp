@@ -1,6 +1,11 @@
 // Laying out paragraphs, wrapped, in a layout that is used again: beside Qt, and beside what HarfBuzz takes for shaping
 // alone. And very long paragraphs, whose cost for a unit must not grow.
+#include <chrono>
+#include <map>
+#include <memory>
+#include <span>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -57,6 +62,82 @@ void AddParagraphRows(const std::string& name, const TCorpus& corpus) {
          [paragraphs](benchmark::State& state) { ShapeWithHarfBuzz(state, *paragraphs); });
 }
 
+// --- Long paragraphs ---
+
+constexpr std::int64_t LongUnits = 100'000;
+constexpr std::int64_t VeryLongUnits = 1'000'000;
+constexpr std::chrono::milliseconds Patience{30};
+
+// Two texts of one kind in turn: a layout does nothing for the text that it has.
+struct TLongTexts {
+  std::u16string First;
+  std::u16string Second;
+
+  explicit TLongTexts(std::u16string text) : First(std::move(text)), Second(First) {
+    Second.back() = First.back() == u'.' ? u'!' : u'.';
+  }
+};
+
+std::u16string Repeated(std::u16string_view part, std::int64_t units) {
+  std::u16string text;
+  while (text.size() < static_cast<std::size_t>(units)) text += part;
+  text.resize(static_cast<std::size_t>(units));
+  return text;
+}
+
+struct TLongKind {
+  const char* Name;
+  std::u16string_view Part;  // repeated; empty for the corpus of that name
+};
+constexpr TLongKind LongKinds[] = {{"fa", {}},
+                                   {"mixed", {}},
+                                   {"alternating", u"abc \u0633\u0644\u0627 de \u0645\u0646 "},
+                                   {"alternating-without-blanks", u"abc\u0633\u0644\u0627de\u0645\u0646"},
+                                   {"tabs", u"\ta\t\u0628"},
+                                   {"blanks", u" "},
+                                   {"one-word", u"\u0628"},
+                                   {"line-ends", u"a\n"}};
+
+// Made when their first row runs.
+const TLongTexts& LongTexts(const TLongKind& kind, std::int64_t units) {
+  static std::map<std::pair<std::string, std::int64_t>, TLongTexts> kept;
+  const std::pair key(std::string(kind.Name), units);
+  const auto found = kept.find(key);
+  if (found != kept.end()) return found->second;
+  std::u16string text = kind.Part.empty() ? std::u16string(OneParagraph(kind.Name, units)->Paragraphs().front())
+                                          : Repeated(kind.Part, units);
+  return kept.try_emplace(key, std::move(text)).first->second;
+}
+
+// A cost that grows with the square of the length would keep the very long paragraph for hours.
+bool IsBearable(TTextLayoutNGOrv& layout, const TLongKind& kind) {
+  const TLongTexts& texts = LongTexts(kind, LongUnits);
+  layout.SetText(texts.Second);
+  const auto start = std::chrono::steady_clock::now();
+  layout.SetText(texts.First);
+  return std::chrono::steady_clock::now() - start < Patience;
+}
+
+void LayOutLong(benchmark::State& state, const TLongKind& kind, std::int64_t units) {
+  const auto layout = MakeLayout(TLines::Wrapped);
+  if (units > LongUnits && !IsBearable(*layout, kind))
+    return state.SkipWithError("100,000 units take too long already");
+  const TLongTexts& texts = LongTexts(kind, units);
+  layout->SetText(texts.Second);
+  bool first = false;
+  for (auto iteration : state) {
+    layout->SetText((first = !first) ? texts.First : texts.Second);
+    benchmark::DoNotOptimize(layout->Frame().Height());
+  }
+}
+
+void AddLongRows(const TLongKind& kind) {
+  if (kind.Part.empty() && Corpus(kind.Name) == nullptr) return;
+  for (const auto& [group, units] : {std::pair("layout-100k/", LongUnits), std::pair("layout-1M/", VeryLongUnits)})
+    AddRow(std::string(group) + kind.Name + "/orv", units,
+           [kind, units = units](benchmark::State& state) { LayOutLong(state, kind, units); });
+}
+
 }  // namespace
 
 void RegisterLayouts() {
@@ -65,6 +146,7 @@ void RegisterLayouts() {
     const TCorpus* corpus = Corpus(name);
     if (corpus != nullptr && name != "synth") AddParagraphRows(name, *corpus);
   }
+  for (const TLongKind& kind : LongKinds) AddLongRows(kind);
 }
 
 }  // namespace orv::bench

@@ -60,6 +60,7 @@ class TQtLayout {
 
   double Height() const { return FHeight; }
   double Width() const;  // of the widest line
+  void Draw(QPainter& painter) const { FLayout.draw(&painter, {0, 0}); }
 
   // The line is found by search over the lines' tops, then QTextLine::xToCursor.
   int PositionAtPoint(double x, double y) const;

@@ -200,6 +200,51 @@ TEST_F(Atlas, GlyphMetWithinASceneMovesToATextureBehindIt) {
   EXPECT_EQ(dic.Find(U'a')->Bitmap(), TGlyphAtlas::CharMaps()[0].Texture.get());
 }
 
+// Fixed glyphs that count how often one is asked for.
+class TCountedGlyphs : public fmx::TFixedGlyphs {
+ public:
+  explicit TCountedGlyphs(int& count) : FCount(count) {}
+  fmx::TFontGlyph DoGetGlyph(TGlyphChars chars, fmx::TFontGlyphSettings settings, bool colorful) override {
+    ++FCount;
+    return TFixedGlyphs::DoGetGlyph(chars, settings, colorful);
+  }
+
+ private:
+  int& FCount;
+};
+
+// The writes that each texture has seen.
+std::vector<std::uint64_t> TextureVersions() {
+  std::vector<std::uint64_t> versions;
+  for (const TCharMap& map : TGlyphAtlas::CharMaps()) versions.push_back(map.Texture->Version());
+  return versions;
+}
+
+TEST_F(Atlas, SecondDrawingMakesNoGlyphAndWritesNoTexture) {
+  int made = 0;
+  TFontGlyphManagerOrv::SetCurrent(std::make_unique<TBackEndFontGlyphManager>(std::make_unique<TCountedGlyphs>(made)));
+  const auto layout = Laid(u"ab\tc d\u064E " + Salam + u" \u0628\u064E 12 \U0001F600", 60, Wrapped);
+  fmx::TRecordingCanvas canvas(100, 100);
+  const auto draw = [&] {
+    TTextLayoutNGOrv::BeginRender();
+    const std::size_t quads = Calls(*layout, canvas, TKind::DrawBitmap).size();
+    TTextLayoutNGOrv::EndRender();
+    return quads;
+  };
+  const std::size_t quads = draw();
+  const int madeBefore = made;
+  const auto versionsBefore = TextureVersions();
+  EXPECT_GT(quads, 10U);
+  EXPECT_GT(madeBefore, 10);
+  ASSERT_EQ(versionsBefore.size(), 1U);
+  EXPECT_GT(versionsBefore[0], 10U);
+  const TGPUFrame* frame = &layout->Frame();
+  EXPECT_EQ(draw(), quads);
+  EXPECT_EQ(made, madeBefore);
+  EXPECT_EQ(TextureVersions(), versionsBefore);
+  EXPECT_EQ(&layout->Frame(), frame);
+}
+
 TEST_F(Atlas, PopulationCanBeSwitchedOff) {
   const auto layout = Laid(u"a", 200);
   fmx::TRecordingCanvas canvas(100, 100);

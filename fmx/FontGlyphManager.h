@@ -31,6 +31,10 @@ class TFontGlyphBackEnd {
 
   // From the top of the line to the base line, whole device pixels. A font is loaded when it is called.
   virtual float DoGetBaseline() = 0;
+
+  // Whether runs in the font are to be shaped as a whole by the platform's own text engine, instead of glyph by glyph.
+  // May be called while no font is loaded, or another one; leaves it as it is.
+  virtual bool FontRendererRequired(const TFont&) { return false; }
 };
 
 using TFontGlyphBackEndFactory = std::function<std::unique_ptr<TFontGlyphBackEnd>()>;

@@ -3,6 +3,7 @@
 #include <fontconfig/fontconfig.h>
 
 #include <algorithm>
+#include <iterator>
 #include <string_view>
 
 #include "platform/Exceptions.h"
@@ -22,16 +23,35 @@ const FcChar8* Chars(const std::string& s) {
   return reinterpret_cast<const FcChar8*>(s.c_str());
 }
 
-TPattern Request(FcConfig* config, const std::string& family, bool bold, bool italic) {
+int WeightNumber(fmx::TFontWeight weight) {
+  constexpr int numbers[] = {FC_WEIGHT_THIN,     FC_WEIGHT_ULTRALIGHT, FC_WEIGHT_LIGHT,
+                             FC_WEIGHT_BOOK,     FC_WEIGHT_REGULAR,    FC_WEIGHT_MEDIUM,
+                             FC_WEIGHT_DEMIBOLD, FC_WEIGHT_BOLD,       FC_WEIGHT_ULTRABOLD};
+  return numbers[std::min(static_cast<std::size_t>(weight), std::size(numbers) - 1)];
+}
+
+int SlantNumber(fmx::TFontSlant slant) {
+  if (slant == fmx::TFontSlant::Oblique) return FC_SLANT_OBLIQUE;
+  return slant == fmx::TFontSlant::Italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN;
+}
+
+TPattern Request(FcConfig* config, const std::string& family, fmx::TFontWeight weight, fmx::TFontSlant slant) {
   TPattern pattern(FcPatternCreate());
   if (pattern == nullptr) throw EFontError("fontconfig is out of memory");
   FcPatternAddString(pattern.get(), FC_FAMILY, Chars(family));
-  FcPatternAddInteger(pattern.get(), FC_WEIGHT, bold ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR);
-  FcPatternAddInteger(pattern.get(), FC_SLANT, italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
+  FcPatternAddInteger(pattern.get(), FC_WEIGHT, WeightNumber(weight));
+  FcPatternAddInteger(pattern.get(), FC_SLANT, SlantNumber(slant));
   FcPatternAddBool(pattern.get(), FC_OUTLINE, FcTrue);
   FcConfigSubstitute(config, pattern.get(), FcMatchPattern);
   FcDefaultSubstitute(pattern.get());
   return pattern;
+}
+
+// Some families call all their faces regular in numbers, and tell them apart by name alone.
+void NameStyle(FcPattern* request, fmx::TFontWeight weight, fmx::TFontSlant slant) {
+  if (slant != fmx::TFontSlant::Regular) return;
+  if (weight == fmx::TFontWeight::Regular) FcPatternAddString(request, FC_STYLE, Chars("Regular"));
+  if (weight == fmx::TFontWeight::Bold) FcPatternAddString(request, FC_STYLE, Chars("Bold"));
 }
 
 bool IsGeneric(std::string_view family) {
@@ -58,6 +78,12 @@ std::optional<TFontFile> FileOf(FcPattern* font) {
   if (FcPatternGetString(font, FC_FILE, 0, &path) != FcResultMatch) return std::nullopt;
   if (FcPatternGetString(font, FC_FAMILY, 0, &family) != FcResultMatch) return std::nullopt;
   FcPatternGetInteger(font, FC_INDEX, 0, &file.Index);
+  int weight = FC_WEIGHT_REGULAR;
+  int slant = FC_SLANT_ROMAN;
+  FcPatternGetInteger(font, FC_WEIGHT, 0, &weight);
+  FcPatternGetInteger(font, FC_SLANT, 0, &slant);
+  file.Heavy = weight >= FC_WEIGHT_DEMIBOLD;
+  file.Slanted = slant != FC_SLANT_ROMAN;
   file.Path = reinterpret_cast<const char*>(path);
   file.Family = reinterpret_cast<const char*>(family);
   return file;
@@ -78,8 +104,10 @@ TFontCatalog::~TFontCatalog() = default;
 TFontCatalog::TFontCatalog(TFontCatalog&&) noexcept = default;
 TFontCatalog& TFontCatalog::operator=(TFontCatalog&&) noexcept = default;
 
-std::optional<TFontFile> TFontCatalog::Find(const std::string& family, bool bold, bool italic) const {
-  const TPattern request = Request(FState->Config.get(), family, bold, italic);
+std::optional<TFontFile> TFontCatalog::Find(const std::string& family, fmx::TFontWeight weight,
+                                            fmx::TFontSlant slant) const {
+  const TPattern request = Request(FState->Config.get(), family, weight, slant);
+  NameStyle(request.get(), weight, slant);
   FcResult result = FcResultNoMatch;
   const TPattern found(FcFontMatch(FState->Config.get(), request.get(), &result));
   if (found == nullptr || !IsOutline(found.get())) return std::nullopt;
@@ -87,8 +115,8 @@ std::optional<TFontFile> TFontCatalog::Find(const std::string& family, bool bold
   return FileOf(found.get());
 }
 
-std::vector<TFontFile> TFontCatalog::Nearest(const std::string& family, bool bold) const {
-  const TPattern request = Request(FState->Config.get(), family, bold, false);
+std::vector<TFontFile> TFontCatalog::Nearest(const std::string& family, fmx::TFontWeight weight) const {
+  const TPattern request = Request(FState->Config.get(), family, weight, fmx::TFontSlant::Regular);
   FcResult result = FcResultNoMatch;
   const TFontSet fonts(FcFontSort(FState->Config.get(), request.get(), FcTrue, nullptr, &result));
   std::vector<TFontFile> files;

@@ -16,8 +16,11 @@ struct TFontRequest {
   std::string Family;                  // the family to be used first; empty for none in particular
   std::vector<std::string> Fallbacks;  // then these in order, those that are not installed being passed over
   double PixelSize = 16;               // device pixels per em, from 1 to MaxPixelSize
-  bool Bold = false;
-  bool Italic = false;  // faces that have no slant of their own are slanted
+  fmx::TFontWeight Weight = fmx::TFontWeight::Regular;  // faces that are not heavy are emboldened from SemiBold on
+  fmx::TFontSlant Slant = fmx::TFontSlant::Regular;     // faces that have no slant of their own are slanted
+  std::string File = {};    // a font file to be used before the family; one that cannot be used is passed over
+  bool AnyFamily = false;   // a family that is not there is passed over, too
+  bool WholeJoins = false;  // Arabic letters are made to end on whole pixels, and have whole advances
 };
 
 // A larger em makes single glyph pictures of tens of megabytes.

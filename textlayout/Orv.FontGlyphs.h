@@ -83,7 +83,7 @@ class TFontGlyphManagerOrv {
   static bool HasGlyph(TGlyphChars chars);
 
   // Whether runs in that font are shaped by the internal text layout of the platform instead of glyph by glyph. False
-  // here.
+  // here; over a back end its answer.
   virtual bool FontRendererRequired(const fmx::TFont& font) const;
 
   static void RegisterCharacterHandleMethod(TCharacterHandleFunction method, bool overrideValue);
@@ -91,7 +91,7 @@ class TFontGlyphManagerOrv {
   static void UnRegisterCharacterHandleMethod(TCharacterHandleFunction method);
   static std::span<const TMethodDescriptor> Methods() { return FMethods; }
 
-  // Fonts by family. No desktop code reads them.
+  // Fonts by family: what the application brought along. Platforms look for a family here first.
   static std::map<std::u16string, TOrvFontResInfo>& FontsList();
 
   void UnInitialize() {}
@@ -129,6 +129,7 @@ class TBackEndFontGlyphManager : public TFontGlyphManagerOrv {
  public:
   explicit TBackEndFontGlyphManager(std::unique_ptr<fmx::TFontGlyphBackEnd> backEnd) : FBackEnd(std::move(backEnd)) {}
   ~TBackEndFontGlyphManager() override { FreeLoaded(); }
+  bool FontRendererRequired(const fmx::TFont& font) const override { return FBackEnd->FontRendererRequired(font); }
 
  protected:
   void LoadResource() override { FBackEnd->LoadResource(CurrentSettings()); }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "fmx/Exceptions.h"
 #include "fmx/GlyphsManager.h"
 #include "fmx/Limits.h"
 #include "fmx/Rounding.h"
@@ -16,6 +17,26 @@ TFontKey StyleTerm(fmx::TFontStyles style) {
   const bool bold = style.Contains(fmx::TFontStyle::Bold);
   const bool italic = style.Contains(fmx::TFontStyle::Italic);
   return 0xF00000U + (bold ? 0x10000U : 0U) + (italic ? 0x20000U : 0U);
+}
+
+// Weights and slants that are finer than the style, far above the other terms; 0 for those that the style asks for.
+TFontKey FineTerm(const fmx::TFont& font) {
+  if (font.Weight() == fmx::WeightOf(font.Style()) && font.Slant() == fmx::SlantOf(font.Style())) return 0;
+  return TFontKey{1} + static_cast<TFontKey>(font.Weight()) * 4 + static_cast<TFontKey>(font.Slant());
+}
+
+// A picture larger than a bitmap can be is left out: the character keeps its metrics and is not drawn.
+fmx::TFontGlyph MadeGlyph(TFontGlyphManagerOrv& manager, UCS4Char character, const fmx::TFont& font, float scale,
+                          fmx::TFontGlyphSettings settings) {
+  const UCS4Char chars[] = {character, 0};
+  try {
+    return manager.GetGlyph(chars, font, scale, settings);
+  } catch (const fmx::EBitmapSizeTooBig&) {
+    settings.Exclude(fmx::TFontGlyphSetting::Bitmap);
+    fmx::TFontGlyph glyph = manager.GetGlyph(chars, font, scale, settings);
+    glyph.Style.Include(fmx::TFontGlyphStyle::NoGlyph);
+    return glyph;
+  }
 }
 
 // The rows of the surface, into the target at that corner.
@@ -37,7 +58,7 @@ fmx::TRectF PictureRect(const fmx::TBitmapSurface& surface, std::int32_t left, s
 TFontKey FontKeyOf(const fmx::TFont& font, float scale) {
   TFontKey key = font.Family().size();
   for (const char16_t unit : font.Family()) key += unit;
-  key += StyleTerm(font.Style());
+  key += StyleTerm(font.Style()) + (FineTerm(font) << 40);
   key += static_cast<TFontKey>(std::max<std::int64_t>(fmx::Trunc(font.Size()), 0)) * 1000;
   return key + (fmx::SameValue(scale, 1, fmx::ScaleTolerance) ? 0xFF000000U : 0xF000000U);
 }
@@ -114,8 +135,7 @@ fmx::TCharRec& TGlyphAtlas::UpdateCharRec(bool needBitmap, fmx::TCharRec* existi
   }
   if (path) settings.Include(TFontGlyphSetting::Path);
   TFontGlyphManagerOrv& manager = TFontGlyphManagerOrv::Current();
-  const UCS4Char chars[] = {character, 0};
-  fmx::TFontGlyph glyph = manager.GetGlyph(chars, font, scale, settings);
+  fmx::TFontGlyph glyph = MadeGlyph(manager, character, font, scale, settings);
   dic.FBaseline = manager.GetBaseline(font, scale);
 
   fmx::TCharRec& record = existing != nullptr ? *existing : dic.Add(character);
@@ -123,16 +143,23 @@ fmx::TCharRec& TGlyphAtlas::UpdateCharRec(bool needBitmap, fmx::TCharRec* existi
   record.SetShared(nullptr);
   record.SrcRect = {};
   if (record.Glyph.Style.Contains(fmx::TFontGlyphStyle::NoGlyph) || record.Glyph.Bitmap.IsEmpty()) return record;
-  if (IsRendering())
-    GiveOwnBitmap(record, scale);
-  else
-    MapGlyphToCache(record);
+  if (!IsRendering()) MapGlyphToCache(record);
+  if (record.Bitmap() == nullptr) GiveOwnBitmap(record, scale);
+  if (IsRendering()) MapLater(record);
   return record;
 }
 
+// What no texture takes, and what is met within a scene. One without room for a border is not drawn.
 void TGlyphAtlas::GiveOwnBitmap(fmx::TCharRec& record, float scale) {
   const fmx::TBitmapSurface& surface = record.Glyph.Bitmap;
-  auto bitmap = std::make_unique<fmx::TBitmap>(surface.Width() + 2, surface.Height() + 2, scale);
+  auto bitmap = std::make_unique<fmx::TBitmap>();
+  try {
+    bitmap->SetSize(surface.Width() + 2, surface.Height() + 2);
+  } catch (const fmx::EBitmapSizeTooBig&) {
+    record.Glyph.Style.Include(fmx::TFontGlyphStyle::NoGlyph);
+    return;
+  }
+  bitmap->SetBitmapScale(scale);
   fmx::TBitmapData data;
   if (bitmap->Map(fmx::TMapAccess::Write, data)) {
     CopyRows(surface, data, 1, 1);
@@ -140,6 +167,9 @@ void TGlyphAtlas::GiveOwnBitmap(fmx::TCharRec& record, float scale) {
   }
   record.SetOwn(std::move(bitmap));
   record.SrcRect = PictureRect(surface, 1, 1);
+}
+
+void TGlyphAtlas::MapLater(fmx::TCharRec& record) {
   auto& list = State().NewGlyphList;
   if (std::find(list.begin(), list.end(), &record) == list.end()) list.push_back(&record);
 }

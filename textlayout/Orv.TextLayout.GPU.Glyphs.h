@@ -17,8 +17,9 @@
 
 namespace orv {
 
-// What tells the dictionaries of fonts and scales apart: a sum of the family's units, the style, the whole part of the
-// size and whether the scale is 1. Fonts with the same sum share a dictionary, and all other scales count as one.
+// What tells the dictionaries of fonts and scales apart: a sum of the family's units, the style, the weight and slant
+// where they are finer than the style, the whole part of the size and whether the scale is 1. Fonts with the same sum
+// share a dictionary, and all other scales count as one.
 using TFontKey = std::uint64_t;
 TFontKey FontKeyOf(const fmx::TFont& font, float scale);
 
@@ -78,7 +79,8 @@ class TGlyphAtlas {
   static void EndRender();
   static bool IsRendering() { return FRendering > 0; }
 
-  // Makes the glyph of the record anew, or of a new record.
+  // Makes the glyph of the record anew, or of a new record. A picture that no texture takes stays in a bitmap of its
+  // own; one that is larger than a bitmap can be is left out.
   static fmx::TCharRec& UpdateCharRec(bool needBitmap, fmx::TCharRec* existing, TAtomDic& dic, const fmx::TFont& font,
                                       UCS4Char character, float scale, bool path);
 
@@ -98,6 +100,7 @@ class TGlyphAtlas {
   };
   static TState& State();
   static void GiveOwnBitmap(fmx::TCharRec& record, float scale);
+  static void MapLater(fmx::TCharRec& record);
   static void MapGlyphToCache(fmx::TCharRec& record);
   static TCharMap* FindPlace(std::int32_t width, std::int32_t height, float bitmapScale, fmx::TRect& place);
 

@@ -20,7 +20,8 @@ const TFontCatalog& Catalog() {
 }
 
 TGlyphSource Source(double pixelSize = 20, bool bold = false) {
-  return {Catalog(), {"DejaVu Sans", {"FreeSerif"}, pixelSize, bold}};
+  return {Catalog(),
+          {"DejaVu Sans", {"FreeSerif"}, pixelSize, bold ? fmx::TFontWeight::Bold : fmx::TFontWeight::Regular}};
 }
 
 int Ink(const TGlyph& glyph) {
@@ -28,37 +29,37 @@ int Ink(const TGlyph& glyph) {
 }
 
 TEST(FontCatalog, FindsAFamilyByItsNameInAnyLetterCase) {
-  const auto found = Catalog().Find("dejavu sans", false);
+  const auto found = Catalog().Find("dejavu sans");
   ASSERT_TRUE(found);
   EXPECT_EQ(found->Family, "DejaVu Sans");
   EXPECT_TRUE(found->Path.ends_with("DejaVuSans.ttf")) << found->Path;
 }
 
 TEST(FontCatalog, TakesTheBoldFaceWhereAsked) {
-  const auto found = Catalog().Find("DejaVu Sans", true);
+  const auto found = Catalog().Find("DejaVu Sans", fmx::TFontWeight::Bold);
   ASSERT_TRUE(found);
   EXPECT_TRUE(found->Path.ends_with("DejaVuSans-Bold.ttf")) << found->Path;
 }
 
 TEST(FontCatalog, PutsNoOtherFamilyInAnUnknownOnesPlace) {
-  EXPECT_FALSE(Catalog().Find("No Such Family", false));
-  EXPECT_FALSE(Catalog().Find("", false));
+  EXPECT_FALSE(Catalog().Find("No Such Family"));
+  EXPECT_FALSE(Catalog().Find(""));
 }
 
 TEST(FontCatalog, KnowsTheGenericNames) {
-  EXPECT_TRUE(Catalog().Find("sans-serif", false));
-  EXPECT_TRUE(Catalog().Find("monospace", true));
+  EXPECT_TRUE(Catalog().Find("sans-serif"));
+  EXPECT_TRUE(Catalog().Find("monospace", fmx::TFontWeight::Bold));
 }
 
 TEST(FontCatalog, ListsTheChosenFamilyFirst) {
-  const auto fonts = Catalog().Nearest("FreeSerif", false);
+  const auto fonts = Catalog().Nearest("FreeSerif");
   ASSERT_GT(fonts.size(), 1U);
   EXPECT_EQ(fonts.front().Family, "FreeSerif");
 }
 
 TEST(GlyphSource, AnUnknownFamilyIsNamedInTheError) {
   try {
-    TGlyphSource(Catalog(), {"No Such Family", {}, 20, false});
+    TGlyphSource(Catalog(), {"No Such Family", {}, 20});
     FAIL();
   } catch (const EFontNotFound& error) {
     EXPECT_NE(std::string(error.what()).find("'No Such Family'"), std::string::npos);
@@ -68,16 +69,16 @@ TEST(GlyphSource, AnUnknownFamilyIsNamedInTheError) {
 
 TEST(GlyphSource, RefusesSizesOutOfRange) {
   for (const double size : {0.0, -1.0, 0.5, 2049.0, std::nan("")})
-    EXPECT_THROW(TGlyphSource(Catalog(), {"DejaVu Sans", {}, size, false}), EFontError) << size;
+    EXPECT_THROW(TGlyphSource(Catalog(), {"DejaVu Sans", {}, size}), EFontError) << size;
 }
 
 TEST(GlyphSource, FallbacksThatAreNotInstalledArePassedOver) {
-  TGlyphSource source(Catalog(), {"", {"No Such Family", "FreeSerif", "DejaVu Sans"}, 20, false});
+  TGlyphSource source(Catalog(), {"", {"No Such Family", "FreeSerif", "DejaVu Sans"}, 20});
   EXPECT_EQ(source.FamilyOf(U'a'), "FreeSerif");
 }
 
 TEST(GlyphSource, WithoutAFamilyTheSystemsChoiceServes) {
-  TGlyphSource source(Catalog(), {"", {}, 20, false});
+  TGlyphSource source(Catalog(), {"", {}, 20});
   EXPECT_FALSE(source.Glyph(U'a').Missing);
 }
 
@@ -142,7 +143,7 @@ TEST(GlyphSource, TheSecondFontHelpsOut) {
 
 // What neither has is looked for among all installed fonts; Noto Kufi Arabic and the like have U+08A0.
 TEST(GlyphSource, AllInstalledFontsAreTheLastResort) {
-  TGlyphSource source(Catalog(), {"DejaVu Sans", {}, 20, false});
+  TGlyphSource source(Catalog(), {"DejaVu Sans", {}, 20});
   EXPECT_FALSE(source.Glyph(0xFC60).Missing);
   EXPECT_NE(source.FamilyOf(0xFC60), "DejaVu Sans");
 }
@@ -177,7 +178,7 @@ TEST(GlyphSource, ATabIsFourBlanks) {
 
 // Some fonts have visible outlines for joiners; a control character would be a box.
 TEST(GlyphSource, ControlsJoinersAndDirectionMarksDrawNothing) {
-  TGlyphSource noto(Catalog(), {"Noto Naskh Arabic", {}, 20, false});
+  TGlyphSource noto(Catalog(), {"Noto Naskh Arabic", {}, 20});
   TGlyphSource dejaVu = Source();
   std::vector<std::uint32_t> unseen;
   for (std::uint32_t c = 0; c < 0x20; ++c)
@@ -225,7 +226,7 @@ double Lean(const TGlyph& glyph) {
 
 TFontRequest Italic(const char* family) {
   TFontRequest request{family, {}, 60};
-  request.Italic = true;
+  request.Slant = fmx::TFontSlant::Italic;
   return request;
 }
 

@@ -27,7 +27,8 @@ std::vector<std::string> FallbacksOf(const std::string& family) {
 }
 
 platform::TFontRequest Request(const std::string& family, double pixelSize, bool bold) {
-  return {family, FallbacksOf(family), std::clamp(pixelSize, 1.0, platform::MaxPixelSize), bold};
+  return {family, FallbacksOf(family), std::clamp(pixelSize, 1.0, platform::MaxPixelSize),
+          bold ? fmx::TFontWeight::Bold : fmx::TFontWeight::Regular};
 }
 
 }  // namespace

@@ -1,0 +1,72 @@
+#include "platform/FontGlyphs.h"
+
+#include <algorithm>
+#include <list>
+#include <utility>
+
+#include "platform/CharacterSource.h"
+
+namespace orv::platform {
+namespace {
+
+// Attributed texts go back and forth between a few fonts.
+constexpr std::size_t OpenFonts = 8;
+
+bool IsSame(const TFontWanted& a, const TFontWanted& b) {
+  return a.PixelSize == b.PixelSize && a.Weight == b.Weight && a.Slant == b.Slant && a.Family == b.Family &&
+         a.File == b.File;
+}
+
+class TFontSources : public IFontSources {
+ public:
+  explicit TFontSources(TFontChain chain) : FChain(std::move(chain)) {}
+
+  ICharacterSource& Open(const TFontWanted& font) override { return Opened(font); }
+  bool NeedsShaping(const TFontWanted& font) override {
+    return !(font.Family.empty() && font.File.empty()) && Opened(font).NeedsShaping();
+  }
+
+ private:
+  TCharacterSource& Opened(const TFontWanted& font) {
+    const auto found =
+        std::find_if(FOpen.begin(), FOpen.end(), [&](const auto& each) { return IsSame(each.first, font); });
+    if (found != FOpen.end()) {
+      FOpen.splice(FOpen.begin(), FOpen, found);
+    } else {
+      FOpen.emplace_front(font, std::make_unique<TCharacterSource>(SharedCatalog(), font, FChain));
+      if (FOpen.size() > OpenFonts) FOpen.pop_back();
+    }
+    return *FOpen.front().second;
+  }
+
+  TFontChain FChain;
+  std::list<std::pair<TFontWanted, std::unique_ptr<TCharacterSource>>> FOpen;  // the last one used first
+};
+
+}  // namespace
+
+TFontChain TFontChain::Plain() {
+  return {"DejaVu Sans", {"FreeSerif"}};
+}
+
+TFontChain TFontChain::Naskh() {
+  return {"Noto Naskh Arabic", {"Noto Serif", "Noto Serif Hebrew", "DejaVu Sans", "FreeSerif"}};
+}
+
+TFontChain TFontChain::Sans() {
+  return {"Noto Sans Arabic", {"Noto Sans", "Noto Sans Hebrew", "DejaVu Sans", "FreeSerif"}};
+}
+
+std::unique_ptr<IFontSources> MakeFontSources(TFontChain chain) {
+  return std::make_unique<TFontSources>(std::move(chain));
+}
+
+std::unique_ptr<fmx::TFontGlyphBackEnd> MakeFontGlyphs(TFontChain chain) {
+  return std::make_unique<TCellGlyphs>(MakeFontSources(std::move(chain)));
+}
+
+void RegisterFontGlyphs(const TFontChain& chain) {
+  fmx::TFontGlyphManager::RegisterBackEnd([chain] { return MakeFontGlyphs(chain); });
+}
+
+}  // namespace orv::platform

@@ -1,0 +1,199 @@
+#include "textlayout/platform/Orv.FontGlyphs.Cells.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <limits>
+#include <utility>
+
+#include "fmx/Limits.h"
+#include "fmx/Rounding.h"
+#include "rtl/Unicode.h"
+#include "textlayout/Orv.FontGlyphs.h"
+
+namespace orv {
+namespace {
+
+// Inclusive ranges, in order.
+constexpr std::pair<UCS4Char, UCS4Char> SilentRanges[] = {
+    {0x0000, 0x0008},                                        // controls but tab
+    {0x000A, 0x001F},   {0x007F, 0x009F}, {0x00AD, 0x00AD},  // soft hyphen
+    {0x061C, 0x061C},                                        // Arabic letter mark
+    {0x200B, 0x200F},                                        // zero-width space, joiners, direction marks
+    {0x2028, 0x202E},                                        // line ends, embeddings
+    {0x2060, 0x206F},                                        // word joiner, isolates
+    {0xFE00, 0xFE0F},                                        // variation selectors
+    {0xFEFF, 0xFEFF},                                        // byte order mark
+    {0xE0000, 0xE0FFF},                                      // tags, further variation selectors
+};
+
+// A glyph's widths in device pixels: left bearing, ink, right bearing. Their sum moves the pen.
+struct TBearings {
+  float A = 0;
+  float B = 0;
+  float C = 0;
+  float Sum = 0;  // without the rounding that adding up would bring
+};
+
+// The shadda and vowel forms stand on the letter before them.
+constexpr bool StandsOnTheLetterBefore(UCS4Char c) {
+  return (c >= 0xFC5E && c <= 0xFC62) || (c >= 0xFE70 && c <= 0xFE7D);
+}
+
+// The room that the characters take, in whole pixels.
+std::int32_t Extent(float advance) {
+  return static_cast<std::int32_t>(std::clamp<std::int64_t>(fmx::Ceil(advance), 0, fmx::MaxBitmapSide + 1));
+}
+
+TBearings BearingsOf(std::span<const std::uint32_t> chars, const TCharacterInk& ink) {
+  const UCS4Char c = chars.front();
+  if (chars.size() > 1 || c >= 0x10000) {
+    const auto extent = static_cast<float>(Extent(ink.Advance));
+    return {0, extent, 0, extent};
+  }
+  const auto left = static_cast<float>(ink.Left);
+  const auto width = static_cast<float>(ink.Width);
+  const float sum = StandsOnTheLetterBefore(c) ? 0 : ink.Advance;
+  return {left, width, sum - left - width, sum};
+}
+
+std::int32_t CellWidth(const TBearings& bearings, float advance) {
+  const float reach = std::fabs(bearings.A) + std::fabs(bearings.B) + std::fabs(bearings.C);
+  return std::max(Extent(reach), Extent(advance));
+}
+
+// Draws the ink in the cell, its pen at x and its base line at y. What does not fit is cut off.
+class TCellPen {
+ public:
+  TCellPen(fmx::TBitmapSurface& cell, bool asGrey, std::int32_t x, std::int32_t y)
+      : FCell(cell), FAsGrey(asGrey), FX(x), FY(y) {}
+
+  void Draw(const TCharacterInk& ink) {
+    const std::int64_t left = std::int64_t{FX} + ink.Left;
+    const std::int64_t top = std::int64_t{FY} - ink.Top;
+    const std::int64_t firstX = std::max<std::int64_t>(0, -left);
+    const std::int64_t lastX = std::min<std::int64_t>(ink.Width, FCell.Width() - left);
+    const std::int64_t firstY = std::max<std::int64_t>(0, -top);
+    const std::int64_t lastY = std::min<std::int64_t>(ink.Height, FCell.Height() - top);
+    for (std::int64_t y = firstY; y < lastY; ++y) {
+      const auto row = FCell.Scanline(static_cast<std::int32_t>(top + y));
+      for (std::int64_t x = firstX; x < lastX; ++x) {
+        const auto from = static_cast<std::size_t>(y * ink.Width + x);
+        if (const std::uint32_t pixel = PixelOf(ink, from)) row[static_cast<std::size_t>(left + x)] = pixel;
+      }
+    }
+  }
+
+ private:
+  std::uint32_t PixelOf(const TCharacterInk& ink, std::size_t at) const {
+    if (at < ink.Colors.size()) return ink.Colors[at];
+    const std::uint32_t a = at < ink.Coverage.size() ? ink.Coverage[at] : 0;
+    if (a == 0) return 0;
+    return FAsGrey ? a * 0x01010101U : a << 24 | 0xFFFFFFU;
+  }
+
+  fmx::TBitmapSurface& FCell;
+  bool FAsGrey;
+  std::int32_t FX;
+  std::int32_t FY;
+};
+
+bool SameFamily(const std::u16string& a, const std::u16string& b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](char16_t x, char16_t y) { return x == y || rtl::ToLower(x) == rtl::ToLower(y); });
+}
+
+const TFontGlyphManagerOrv::TOrvFontResInfo* RegisteredFont(const std::u16string& family) {
+  const auto& fonts = TFontGlyphManagerOrv::FontsList();
+  if (const auto found = fonts.find(family); found != fonts.end()) return &found->second;
+  const auto found =
+      std::find_if(fonts.begin(), fonts.end(), [&](const auto& each) { return SameFamily(each.first, family); });
+  return found == fonts.end() ? nullptr : &found->second;
+}
+
+}  // namespace
+
+bool IsSilent(UCS4Char c) {
+  return std::any_of(std::begin(SilentRanges), std::end(SilentRanges),
+                     [c](const auto& range) { return c >= range.first && c <= range.second; });
+}
+
+std::int32_t PixelSizeOf(float size, float scale) {
+  const float pixels = size * scale;
+  if (!(pixels > 0)) return 0;
+  return static_cast<std::int32_t>(
+      std::min<std::int64_t>(fmx::Round(pixels), std::numeric_limits<std::int32_t>::max()));
+}
+
+std::u16string RegisteredFileOf(const std::u16string& family) {
+  const auto* font = RegisteredFont(family);
+  return font != nullptr && font->ResourceType != TOrvResourceType::AppResource ? font->ResString : std::u16string();
+}
+
+TFontWanted FontWantedOf(const fmx::TFontSettings& settings) {
+  return {settings.Family, RegisteredFileOf(settings.Family), settings.Weight, settings.Slant,
+          PixelSizeOf(settings.Size, settings.Scale)};
+}
+
+// --- The back end ---
+
+void TCellGlyphs::LoadResource(const fmx::TFontSettings& settings) {
+  FWanted = FontWantedOf(settings);
+}
+
+float TCellGlyphs::DoGetBaseline() {
+  if (FWanted.PixelSize < 1) return 0;
+  return static_cast<float>(FSources->Open(FWanted).Metrics().Ascent);
+}
+
+fmx::TFontGlyph TCellGlyphs::DoGetGlyph(std::span<const std::uint32_t> chars, fmx::TFontGlyphSettings settings,
+                                        bool colorful) {
+  using fmx::TFontGlyphSetting;
+  using fmx::TFontGlyphStyle;
+  fmx::TFontGlyph glyph;
+  const bool wantsPath = settings.Contains(TFontGlyphSetting::Path);
+  if (wantsPath) glyph.Style.Include(TFontGlyphStyle::HasPath);
+  if (colorful) glyph.Style.Include(TFontGlyphStyle::ColorGlyph);
+  if (chars.empty() || FWanted.PixelSize < 1) {
+    glyph.Style.Include(TFontGlyphStyle::NoGlyph);
+    return glyph;
+  }
+  ICharacterSource& source = FSources->Open(FWanted);
+  const TLineMetrics line = source.Metrics();
+  const std::int32_t height = line.Ascent + line.Descent;
+  glyph.VerticalAdvance = static_cast<float>(height);
+  const UCS4Char c = chars.front();
+  if (IsSilent(c)) {
+    glyph.Style.Include(TFontGlyphStyle::NoGlyph);
+    return glyph;
+  }
+  const bool wantsPicture = settings.Contains(TFontGlyphSetting::Bitmap);
+  const TCharacterInk ink = source.Ink(c, wantsPicture, colorful);
+  const TBearings bearings = BearingsOf(chars, ink);
+  const std::int32_t shift = static_cast<std::int32_t>(fmx::Trunc(bearings.A));
+  glyph.Origin = {shift, 0};
+  glyph.Advance = bearings.Sum;
+  if (wantsPicture) {
+    glyph.Bitmap.SetSize(CellWidth(bearings, ink.Advance), height);
+    TCellPen(glyph.Bitmap, settings.Contains(TFontGlyphSetting::BitmapAsGrey), -shift, line.Ascent).Draw(ink);
+  }
+  if (wantsPath) {
+    glyph.Path = source.Outline(c);
+    glyph.Path.Translate(0, static_cast<float>(line.Ascent));
+  }
+  return glyph;
+}
+
+bool TCellGlyphs::FontRendererRequired(const fmx::TFont& font) {
+  const std::size_t registered = TFontGlyphManagerOrv::FontsList().size();
+  if (FHasAsked && FRegistered == registered && FAsked == font.Family()) return FAnswer;
+  const auto* own = RegisteredFont(font.Family());
+  const TFontWanted wanted{font.Family(), RegisteredFileOf(font.Family()), font.Weight(), font.Slant(), 16};
+  FAnswer = (own != nullptr && own->RequireFontRenderer) || FSources->NeedsShaping(wanted);
+  FAsked = font.Family();
+  FRegistered = registered;
+  FHasAsked = true;
+  return FAnswer;
+}
+
+}  // namespace orv

@@ -41,7 +41,7 @@ struct TScene {
 
   TScene() {
     const platform::TFontCatalog catalog;
-    platform::TGlyphSource source(catalog, {"DejaVu Sans", {}, PixelSize, false});
+    platform::TGlyphSource source(catalog, {"DejaVu Sans", {}, PixelSize});
     int x = 0;
     int y = 0;
     for (char32_t letter = 0x21; letter < 0x7F; ++letter) Add(source.Glyph(letter), x, y);

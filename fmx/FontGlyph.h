@@ -25,9 +25,9 @@ using TFontGlyphSettings = rtl::TSet<TFontGlyphSetting, std::uint8_t>;
 
 // Lengths are device pixels of the scale that was asked for.
 struct TFontGlyph {
-  // The whole cell of the character, as high as VerticalAdvance, in a place that makes the base lines of a font's
-  // glyphs agree. White with the coverage as alpha; as grey, the coverage in all four parts, that is premultiplied
-  // white. Empty where it was not asked for.
+  // The whole cell of the character, as high as VerticalAdvance, and higher only where its ink leaves the line, in a
+  // place that makes the base lines of a font's glyphs agree. White with the coverage as alpha; as grey, the coverage
+  // in all four parts, that is premultiplied white. Empty where it was not asked for.
   TBitmapSurface Bitmap;
   TPathData Path;  // y grows downward from the top of the cell; empty where it was not asked for
   TPoint Origin;   // of the bitmap, from the pen on the top edge of the line

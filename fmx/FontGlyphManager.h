@@ -25,8 +25,9 @@ class TFontGlyphBackEnd {
   // box. colorful is set where the glyph should keep its own colours. Rules of the advance: 0 for the marks that stand
   // on the letter before them, U+FC5E to U+FC62 and U+FE70 to U+FE7D; otherwise the sum of the left bearing, the ink
   // and the right bearing. The bitmap's origin is (Trunc(left bearing), 0), and (0, 0) for a character of two UTF-16
-  // units, whose advance is its extent. Raises EBitmapSizeTooBig for a bitmap beyond fmx/Limits.h, as at a huge scale:
-  // the plain layout then draws nothing for the character. A font is loaded when it is called.
+  // units, whose advance is its extent; the second figure is below 0 where the ink begins above the line. Raises
+  // EBitmapSizeTooBig for a bitmap beyond fmx/Limits.h, as at a huge scale: the plain layout then draws nothing for the
+  // character. A font is loaded when it is called.
   virtual TFontGlyph DoGetGlyph(std::span<const std::uint32_t> chars, TFontGlyphSettings settings, bool colorful) = 0;
 
   // From the top of the line to the base line, whole device pixels. A font is loaded when it is called.

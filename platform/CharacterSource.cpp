@@ -1,6 +1,7 @@
 #include "platform/CharacterSource.h"
 
 #include FT_OUTLINE_H
+#include FT_TRUETYPE_TABLES_H
 
 #include <algorithm>
 #include <cmath>
@@ -25,17 +26,29 @@ std::int32_t WholePixels(double v) {
   return static_cast<std::int32_t>(std::clamp(v, -MostPixels, MostPixels));
 }
 
-// The ascender and descender of the face, held within reason: a line has some height.
+struct THeights {
+  double Ascent;
+  double Descent;
+};
+
+// The heights within which the font's designer keeps the letters of all its scripts; those between its lines are less.
+THeights HeightsOf(const TOpenFace& open) {
+  FT_Face face = open.Face.get();
+  const auto* os2 = static_cast<const TT_OS2*>(FT_Get_Sfnt_Table(face, FT_SFNT_OS2));
+  const double em = std::max<double>(face->units_per_EM, 1);
+  if (os2 != nullptr && os2->usWinAscent + os2->usWinDescent > 0)
+    return {os2->usWinAscent / em * open.PixelSize, os2->usWinDescent / em * open.PixelSize};
+  return {face->ascender / em * open.PixelSize, -face->descender / em * open.PixelSize};
+}
+
+// Held within reason: a line has some height.
 TLineMetrics MetricsOf(const TOpenFace& face, double stretch) {
-  const FT_Size_Metrics& size = face.Face->size->metrics;
   const double limit = MostHeight * face.PixelSize;
-  double ascent = std::clamp(static_cast<double>(size.ascender) / 64, 0.0, limit);
-  double descent = std::clamp(static_cast<double>(-size.descender) / 64, 0.0, limit);
-  if (ascent + descent < 1) {
-    ascent = 0.8 * face.PixelSize;
-    descent = 0.2 * face.PixelSize;
-  }
-  return {WholePixels(std::ceil(ascent * stretch)), WholePixels(std::ceil(descent * stretch))};
+  THeights heights = HeightsOf(face);
+  heights.Ascent = std::clamp(heights.Ascent, 0.0, limit);
+  heights.Descent = std::clamp(heights.Descent, 0.0, limit);
+  if (heights.Ascent + heights.Descent < 1) heights = {0.8 * face.PixelSize, 0.2 * face.PixelSize};
+  return {WholePixels(std::ceil(heights.Ascent * stretch)), WholePixels(std::ceil(heights.Descent * stretch))};
 }
 
 void RequireSize(double width, double height) {

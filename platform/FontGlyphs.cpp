@@ -4,7 +4,11 @@
 #include <list>
 #include <utility>
 
+#include "fmx/CanvasManager.h"
+#include "fmx/TextLayoutManager.h"
 #include "platform/CharacterSource.h"
+#include "platform/SoftwareCanvas.h"
+#include "textlayout/Orv.TextLayout.GPU.h"
 
 namespace orv::platform {
 namespace {
@@ -67,6 +71,12 @@ std::unique_ptr<fmx::TFontGlyphBackEnd> MakeFontGlyphs(TFontChain chain) {
 
 void RegisterFontGlyphs(const TFontChain& chain) {
   fmx::TFontGlyphManager::RegisterBackEnd([chain] { return MakeFontGlyphs(chain); });
+}
+
+void RegisterText(const TFontChain& chain) {
+  fmx::TCanvasManager::RegisterCanvas(TSoftwareCanvas::Class(), true, false);
+  fmx::TTextLayoutManager::RegisterTextLayout(TTextLayoutNGOrv::Class(), TSoftwareCanvas::Class());
+  RegisterFontGlyphs(chain);
 }
 
 }  // namespace orv::platform

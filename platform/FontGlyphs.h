@@ -33,4 +33,8 @@ std::unique_ptr<fmx::TFontGlyphBackEnd> MakeFontGlyphs(TFontChain chain = TFontC
 // Makes them the glyphs of the process, and has runs in fonts without presentation forms shaped by HarfBuzz.
 void RegisterFontGlyphs(const TFontChain& chain = TFontChain::Plain());
 
+// For programs that draw text and do without the rest of the system: the software canvas is the default one, its texts
+// are laid out by TTextLayoutNGOrv, and the glyphs are these.
+void RegisterText(const TFontChain& chain = TFontChain::Plain());
+
 }  // namespace orv::platform

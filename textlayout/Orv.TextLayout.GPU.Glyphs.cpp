@@ -143,13 +143,14 @@ fmx::TCharRec& TGlyphAtlas::UpdateCharRec(bool needBitmap, fmx::TCharRec* existi
   record.SetShared(nullptr);
   record.SrcRect = {};
   if (record.Glyph.Style.Contains(fmx::TFontGlyphStyle::NoGlyph) || record.Glyph.Bitmap.IsEmpty()) return record;
-  if (!IsRendering()) MapGlyphToCache(record);
-  if (record.Bitmap() == nullptr) GiveOwnBitmap(record, scale);
-  if (IsRendering()) MapLater(record);
+  if (IsRendering())
+    GiveOwnBitmap(record, scale);
+  else
+    MapGlyphToCache(record);
   return record;
 }
 
-// What no texture takes, and what is met within a scene. One without room for a border is not drawn.
+// A picture that leaves no room for a border is not drawn.
 void TGlyphAtlas::GiveOwnBitmap(fmx::TCharRec& record, float scale) {
   const fmx::TBitmapSurface& surface = record.Glyph.Bitmap;
   auto bitmap = std::make_unique<fmx::TBitmap>();
@@ -167,9 +168,6 @@ void TGlyphAtlas::GiveOwnBitmap(fmx::TCharRec& record, float scale) {
   }
   record.SetOwn(std::move(bitmap));
   record.SrcRect = PictureRect(surface, 1, 1);
-}
-
-void TGlyphAtlas::MapLater(fmx::TCharRec& record) {
   auto& list = State().NewGlyphList;
   if (std::find(list.begin(), list.end(), &record) == list.end()) list.push_back(&record);
 }

@@ -79,8 +79,8 @@ class TGlyphAtlas {
   static void EndRender();
   static bool IsRendering() { return FRendering > 0; }
 
-  // Makes the glyph of the record anew, or of a new record. A picture that no texture takes stays in a bitmap of its
-  // own; one that is larger than a bitmap can be is left out.
+  // Makes the glyph of the record anew, or of a new record. A picture that no texture takes is drawn within scenes
+  // alone; one that is larger than a bitmap can be is left out.
   static fmx::TCharRec& UpdateCharRec(bool needBitmap, fmx::TCharRec* existing, TAtomDic& dic, const fmx::TFont& font,
                                       UCS4Char character, float scale, bool path);
 
@@ -100,7 +100,6 @@ class TGlyphAtlas {
   };
   static TState& State();
   static void GiveOwnBitmap(fmx::TCharRec& record, float scale);
-  static void MapLater(fmx::TCharRec& record);
   static void MapGlyphToCache(fmx::TCharRec& record);
   static TCharMap* FindPlace(std::int32_t width, std::int32_t height, float bitmapScale, fmx::TRect& place);
 

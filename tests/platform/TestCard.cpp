@@ -203,7 +203,7 @@ void DrawRuler(TCanvas& canvas) {
 TGlyphTexture::TGlyphTexture(std::u32string_view letters, double pixelSize)
     : FBitmap(TextureSide, TextureSide), FPack(TextureSide, TextureSide) {
   static const TFontCatalog catalog;
-  TGlyphSource source(catalog, {"DejaVu Sans", {"FreeSerif"}, pixelSize, false});
+  TGlyphSource source(catalog, {"DejaVu Sans", {"FreeSerif"}, pixelSize});
   for (const char32_t letter : letters) {
     if (FPlaces.contains(letter)) continue;
     const TGlyph& glyph = source.Glyph(letter);

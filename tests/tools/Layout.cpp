@@ -36,8 +36,8 @@ class ShowLayout : public testing::Test {
 
  private:
   platform::TFontCatalog FCatalog;
-  platform::TGlyphSource FText{FCatalog, {"DejaVu Sans", {"FreeSerif"}, 20, false}};
-  platform::TGlyphSource FTitle{FCatalog, {"DejaVu Sans", {"FreeSerif"}, 29, true}};
+  platform::TGlyphSource FText{FCatalog, {"DejaVu Sans", {"FreeSerif"}, 20}};
+  platform::TGlyphSource FTitle{FCatalog, {"DejaVu Sans", {"FreeSerif"}, 29, fmx::TFontWeight::Bold}};
 };
 
 bool IsBlank(UCS4Char c) {

@@ -24,7 +24,7 @@ class ShowMarks : public testing::Test {
 
  private:
   platform::TFontCatalog FCatalog;
-  TGlyphSource FGlyphs{FCatalog, {"DejaVu Sans", {"FreeSerif"}, PixelSize, false}};
+  TGlyphSource FGlyphs{FCatalog, {"DejaVu Sans", {"FreeSerif"}, PixelSize}};
 };
 
 int Centre(const TPlacedGlyph& placed) {

@@ -40,6 +40,15 @@ constexpr bool StandsOnTheLetterBefore(UCS4Char c) {
   return (c >= 0xFC5E && c <= 0xFC62) || (c >= 0xFE70 && c <= 0xFE7D);
 }
 
+// Layouts draw the cell of a mark that stands above its letter a third of its height higher, and that of a kasra a
+// fifth lower. Fonts have the ink where it belongs already, so it lies as much lower or higher in these cells.
+std::int32_t InkShift(UCS4Char c, std::int32_t height) {
+  const bool isMark = (c >= 0xFE70 && c <= 0xFE7E) || (c >= 0xFC5E && c <= 0xFC63);
+  if (!isMark) return 0;
+  const bool isKasra = c == 0xFE74 || c == 0xFE7A;
+  return static_cast<std::int32_t>(isKasra ? -fmx::Round(height / 5.0) : fmx::Round(height / 3.0));
+}
+
 // The room that the characters take, in whole pixels.
 std::int32_t Extent(float advance) {
   return static_cast<std::int32_t>(std::clamp<std::int64_t>(fmx::Ceil(advance), 0, fmx::MaxBitmapSide + 1));
@@ -60,6 +69,18 @@ TBearings BearingsOf(std::span<const std::uint32_t> chars, const TCharacterInk& 
 std::int32_t CellWidth(const TBearings& bearings, float advance) {
   const float reach = std::fabs(bearings.A) + std::fabs(bearings.B) + std::fabs(bearings.C);
   return std::max(Extent(reach), Extent(advance));
+}
+
+// Where the cell begins and ends, from the top of the line: with the line, but for ink that leaves it.
+struct TCellReach {
+  std::int32_t Top = 0;
+  std::int32_t Bottom = 0;
+};
+
+TCellReach ReachOf(const TCharacterInk& ink, std::int32_t base, std::int32_t lineHeight) {
+  if (ink.Width == 0 || ink.Height == 0) return {0, lineHeight};
+  const std::int32_t top = base - ink.Top;
+  return {std::min(0, top), std::max(lineHeight, top + ink.Height)};
 }
 
 // Draws the ink in the cell, its pen at x and its base line at y. What does not fit is cut off.
@@ -170,12 +191,14 @@ fmx::TFontGlyph TCellGlyphs::DoGetGlyph(std::span<const std::uint32_t> chars, fm
   const bool wantsPicture = settings.Contains(TFontGlyphSetting::Bitmap);
   const TCharacterInk ink = source.Ink(c, wantsPicture, colorful);
   const TBearings bearings = BearingsOf(chars, ink);
-  const std::int32_t shift = static_cast<std::int32_t>(fmx::Trunc(bearings.A));
-  glyph.Origin = {shift, 0};
+  const auto shift = static_cast<std::int32_t>(fmx::Trunc(bearings.A));
+  const std::int32_t base = line.Ascent + InkShift(c, height);
+  const TCellReach reach = ReachOf(ink, base, height);
+  glyph.Origin = {shift, reach.Top};
   glyph.Advance = bearings.Sum;
   if (wantsPicture) {
-    glyph.Bitmap.SetSize(CellWidth(bearings, ink.Advance), height);
-    TCellPen(glyph.Bitmap, settings.Contains(TFontGlyphSetting::BitmapAsGrey), -shift, line.Ascent).Draw(ink);
+    glyph.Bitmap.SetSize(CellWidth(bearings, ink.Advance), reach.Bottom - reach.Top);
+    TCellPen(glyph.Bitmap, settings.Contains(TFontGlyphSetting::BitmapAsGrey), -shift, base - reach.Top).Draw(ink);
   }
   if (wantsPath) {
     glyph.Path = source.Outline(c);

@@ -13,7 +13,7 @@ set(editing_may rtl unicode fmx textlayout)
 set(lists_may rtl fmx textlayout)
 set(binding_may rtl fmx calendar)
 set(runtime_may rtl unicode calendar fmx textlayout formatted editing lists binding)
-set(platform_may rtl unicode fmx textlayout)
+set(platform_may rtl fmx)
 set(rooms rtl unicode calendar fmx textlayout formatted editing lists binding runtime platform)
 # Floors 0 to 5 name the standard library alone, and the compiler's vector headers. Third-party headers belong to
 # platform/, tools/, examples/, tests/, bench/ and fuzz/.

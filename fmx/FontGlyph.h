@@ -45,9 +45,10 @@ struct TFontSettings {
   // Finer than the style; what it asks for, unless they are given.
   TFontWeight Weight = WeightOf(Style);
   TFontSlant Slant = SlantOf(Style);
+  std::u16string File = {};  // of a font that the application brought along; empty for an installed one
 
   static TFontSettings Of(const TFont& font, float scale) {
-    return {font.Family(), font.Style(), font.Size(), scale, font.Weight(), font.Slant()};
+    return {font.Family(), font.Style(), font.Size(), scale, font.Weight(), font.Slant(), {}};
   }
   // Families are equal without regard to case, sizes within 0.01, scales within ScaleTolerance.
   bool IsSameAs(const TFontSettings& other) const;

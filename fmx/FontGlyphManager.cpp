@@ -27,7 +27,7 @@ TGlyphState& State() {
 
 bool TFontSettings::IsSameAs(const TFontSettings& other) const {
   const auto sameLetter = [](char16_t a, char16_t b) { return a == b || rtl::ToLower(a) == rtl::ToLower(b); };
-  return Style == other.Style && Weight == other.Weight && Slant == other.Slant &&
+  return Style == other.Style && Weight == other.Weight && Slant == other.Slant && File == other.File &&
          std::fabs(Size - other.Size) <= SizeTolerance && std::fabs(Scale - other.Scale) <= ScaleTolerance &&
          std::equal(Family.begin(), Family.end(), other.Family.begin(), other.Family.end(), sameLetter);
 }

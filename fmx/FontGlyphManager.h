@@ -35,7 +35,7 @@ class TFontGlyphBackEnd {
 
   // Whether runs in the font are to be shaped as a whole by the platform's own text engine, instead of glyph by glyph.
   // May be called while no font is loaded, or another one; leaves it as it is.
-  virtual bool FontRendererRequired(const TFont&) { return false; }
+  virtual bool FontRendererRequired(const TFontSettings&) { return false; }
 };
 
 using TFontGlyphBackEndFactory = std::function<std::unique_ptr<TFontGlyphBackEnd>()>;

@@ -42,7 +42,7 @@ THeights HeightsOf(const TOpenFace& open) {
 }
 
 // Held within reason: a line has some height.
-TLineMetrics MetricsOf(const TOpenFace& face, double stretch) {
+fmx::TLineMetrics MetricsOf(const TOpenFace& face, double stretch) {
   const double limit = MostHeight * face.PixelSize;
   THeights heights = HeightsOf(face);
   heights.Ascent = std::clamp(heights.Ascent, 0.0, limit);
@@ -65,7 +65,7 @@ void Stretch(FT_GlyphSlot slot, double factor) {
 }
 
 // The box of the ink as FreeType rounds it, at a size that may be beyond what it can draw.
-void PlaceInk(const FT_Outline& outline, double stretch, TCharacterInk& ink) {
+void PlaceInk(const FT_Outline& outline, double stretch, fmx::TCharacterInk& ink) {
   FT_BBox box;
   FT_Outline_Get_CBox(&outline, &box);
   const auto down = [&](FT_Pos v) { return WholePixels(std::floor(static_cast<double>(v) / 64 * stretch)); };
@@ -83,7 +83,7 @@ const TFontCatalog& SharedCatalog() {
   return catalog;
 }
 
-TFontRequest RequestFor(const TFontWanted& font, const TFontChain& chain) {
+TFontRequest RequestFor(const fmx::TFontWanted& font, const TFontChain& chain) {
   TFontRequest request;
   request.Family = rtl::ToUtf8(font.Family);
   request.File = rtl::ToUtf8(font.File);
@@ -97,7 +97,7 @@ TFontRequest RequestFor(const TFontWanted& font, const TFontChain& chain) {
   return request;
 }
 
-TCharacterSource::TCharacterSource(const TFontCatalog& catalog, const TFontWanted& font, const TFontChain& chain)
+TCharacterSource::TCharacterSource(const TFontCatalog& catalog, const fmx::TFontWanted& font, const TFontChain& chain)
     : FFaces(catalog, RequestFor(font, chain)),
       FStretch(std::max(1.0, font.PixelSize / MaxPixelSize)),
       FMetrics(MetricsOf(FFaces.First(), FStretch)) {}
@@ -111,20 +111,20 @@ bool TCharacterSource::NeedsShaping() const {
          !std::all_of(std::begin(forms), std::end(forms), has);
 }
 
-TCharacterInk TCharacterSource::Ink(UCS4Char c, bool wantsPicture, bool colorful) {
+fmx::TCharacterInk TCharacterSource::Ink(std::uint32_t c, bool wantsPicture, bool colorful) {
   const TFaces::TPlace place = FFaces.Find(c);
   if (place.Face == nullptr) return MissingInk();
   if (colorful && FStretch == 1 && FT_HAS_COLOR(place.Face->Face.get())) {
-    TCharacterInk ink = ColorsOf(place);
+    fmx::TCharacterInk ink = ColorsOf(place);
     if (!ink.Colors.empty()) return ink;
   }
   return InkOf(place, c, wantsPicture);
 }
 
-TCharacterInk TCharacterSource::InkOf(const TFaces::TPlace& place, UCS4Char c, bool wantsPicture) const {
+fmx::TCharacterInk TCharacterSource::InkOf(const TFaces::TPlace& place, std::uint32_t c, bool wantsPicture) const {
   const FT_GlyphSlot slot = LoadGlyph(*place.Face, c, place.Index);
   if (slot == nullptr) return MissingInk();
-  TCharacterInk ink;
+  fmx::TCharacterInk ink;
   ink.Advance = static_cast<float>(static_cast<double>(AdvanceOf(*place.Face, slot)) * FStretch);
   PlaceInk(slot->outline, FStretch, ink);
   if (!wantsPicture) return ink;
@@ -141,9 +141,9 @@ TCharacterInk TCharacterSource::InkOf(const TFaces::TPlace& place, UCS4Char c, b
 }
 
 // A glyph of coloured layers; without colours where the font has none for it.
-TCharacterInk TCharacterSource::ColorsOf(const TFaces::TPlace& place) const {
+fmx::TCharacterInk TCharacterSource::ColorsOf(const TFaces::TPlace& place) const {
   FT_Face face = place.Face->Face.get();
-  TCharacterInk ink;
+  fmx::TCharacterInk ink;
   if (FT_Load_Glyph(face, place.Index, FT_LOAD_NO_HINTING | FT_LOAD_NO_BITMAP | FT_LOAD_COLOR) != 0) return ink;
   FT_GlyphSlot slot = face->glyph;
   if (slot->format != FT_GLYPH_FORMAT_OUTLINE || IsUnbounded(*place.Face, slot)) return ink;
@@ -162,10 +162,10 @@ TCharacterInk TCharacterSource::ColorsOf(const TFaces::TPlace& place) const {
   return ink;
 }
 
-TCharacterInk TCharacterSource::MissingInk() const {
+fmx::TCharacterInk TCharacterSource::MissingInk() const {
   const double pixelSize = FFaces.Request().PixelSize * FStretch;
   if (FStretch > 1) {  // no picture of megabytes for nothing
-    TCharacterInk ink;
+    fmx::TCharacterInk ink;
     ink.Advance = static_cast<float>(pixelSize * 0.6);
     return ink;
   }
@@ -173,7 +173,7 @@ TCharacterInk TCharacterSource::MissingInk() const {
   return {box.Advance, box.Left, box.Top, box.Width, box.Height, std::move(box.Coverage), {}};
 }
 
-fmx::TPathData TCharacterSource::Outline(UCS4Char c) {
+fmx::TPathData TCharacterSource::Outline(std::uint32_t c) {
   const TFaces::TPlace place = FFaces.Find(c);
   const FT_GlyphSlot slot = place.Face != nullptr ? LoadGlyph(*place.Face, c, place.Index) : nullptr;
   fmx::TPathData path = slot != nullptr ? OutlineOf(slot) : OutlineOfMissingGlyph(FFaces.Request().PixelSize);

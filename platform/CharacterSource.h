@@ -10,27 +10,27 @@ namespace orv::platform {
 const TFontCatalog& SharedCatalog();
 
 // The request for a font at a size that FreeType can load.
-TFontRequest RequestFor(const TFontWanted& font, const TFontChain& chain);
+TFontRequest RequestFor(const fmx::TFontWanted& font, const TFontChain& chain);
 
-class TCharacterSource : public ICharacterSource {
+class TCharacterSource : public fmx::ICharacterSource {
  public:
-  TCharacterSource(const TFontCatalog& catalog, const TFontWanted& font, const TFontChain& chain);
+  TCharacterSource(const TFontCatalog& catalog, const fmx::TFontWanted& font, const TFontChain& chain);
 
-  TLineMetrics Metrics() override { return FMetrics; }
-  TCharacterInk Ink(UCS4Char c, bool wantsPicture, bool colorful) override;
-  fmx::TPathData Outline(UCS4Char c) override;
+  fmx::TLineMetrics Metrics() override { return FMetrics; }
+  fmx::TCharacterInk Ink(std::uint32_t c, bool wantsPicture, bool colorful) override;
+  fmx::TPathData Outline(std::uint32_t c) override;
 
   // Whether the chosen font has Arabic letters, and not their forms.
   bool NeedsShaping() const;
 
  private:
-  TCharacterInk InkOf(const TFaces::TPlace& place, UCS4Char c, bool wantsPicture) const;
-  TCharacterInk ColorsOf(const TFaces::TPlace& place) const;
-  TCharacterInk MissingInk() const;
+  fmx::TCharacterInk InkOf(const TFaces::TPlace& place, std::uint32_t c, bool wantsPicture) const;
+  fmx::TCharacterInk ColorsOf(const TFaces::TPlace& place) const;
+  fmx::TCharacterInk MissingInk() const;
 
   TFaces FFaces;
   double FStretch = 1;  // of a size that FreeType cannot load
-  TLineMetrics FMetrics;
+  fmx::TLineMetrics FMetrics;
 };
 
 }  // namespace orv::platform

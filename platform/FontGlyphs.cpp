@@ -4,11 +4,7 @@
 #include <list>
 #include <utility>
 
-#include "fmx/CanvasManager.h"
-#include "fmx/TextLayoutManager.h"
 #include "platform/CharacterSource.h"
-#include "platform/SoftwareCanvas.h"
-#include "textlayout/Orv.TextLayout.GPU.h"
 
 namespace orv::platform {
 namespace {
@@ -16,22 +12,22 @@ namespace {
 // Attributed texts go back and forth between a few fonts.
 constexpr std::size_t OpenFonts = 8;
 
-bool IsSame(const TFontWanted& a, const TFontWanted& b) {
+bool IsSame(const fmx::TFontWanted& a, const fmx::TFontWanted& b) {
   return a.PixelSize == b.PixelSize && a.Weight == b.Weight && a.Slant == b.Slant && a.Family == b.Family &&
          a.File == b.File;
 }
 
-class TFontSources : public IFontSources {
+class TFontSources : public fmx::IFontSources {
  public:
   explicit TFontSources(TFontChain chain) : FChain(std::move(chain)) {}
 
-  ICharacterSource& Open(const TFontWanted& font) override { return Opened(font); }
-  bool NeedsShaping(const TFontWanted& font) override {
+  fmx::ICharacterSource& Open(const fmx::TFontWanted& font) override { return Opened(font); }
+  bool NeedsShaping(const fmx::TFontWanted& font) override {
     return !(font.Family.empty() && font.File.empty()) && Opened(font).NeedsShaping();
   }
 
  private:
-  TCharacterSource& Opened(const TFontWanted& font) {
+  TCharacterSource& Opened(const fmx::TFontWanted& font) {
     const auto found =
         std::find_if(FOpen.begin(), FOpen.end(), [&](const auto& each) { return IsSame(each.first, font); });
     if (found != FOpen.end()) {
@@ -44,7 +40,7 @@ class TFontSources : public IFontSources {
   }
 
   TFontChain FChain;
-  std::list<std::pair<TFontWanted, std::unique_ptr<TCharacterSource>>> FOpen;  // the last one used first
+  std::list<std::pair<fmx::TFontWanted, std::unique_ptr<TCharacterSource>>> FOpen;  // the last one used first
 };
 
 }  // namespace
@@ -61,22 +57,16 @@ TFontChain TFontChain::Sans() {
   return {"Noto Sans Arabic", {"Noto Sans", "Noto Sans Hebrew", "DejaVu Sans", "FreeSerif"}};
 }
 
-std::unique_ptr<IFontSources> MakeFontSources(TFontChain chain) {
+std::unique_ptr<fmx::IFontSources> MakeFontSources(TFontChain chain) {
   return std::make_unique<TFontSources>(std::move(chain));
 }
 
 std::unique_ptr<fmx::TFontGlyphBackEnd> MakeFontGlyphs(TFontChain chain) {
-  return std::make_unique<TCellGlyphs>(MakeFontSources(std::move(chain)));
+  return std::make_unique<fmx::TCellGlyphs>(MakeFontSources(std::move(chain)));
 }
 
 void RegisterFontGlyphs(const TFontChain& chain) {
   fmx::TFontGlyphManager::RegisterBackEnd([chain] { return MakeFontGlyphs(chain); });
-}
-
-void RegisterText(const TFontChain& chain) {
-  fmx::TCanvasManager::RegisterCanvas(TSoftwareCanvas::Class(), true, false);
-  fmx::TTextLayoutManager::RegisterTextLayout(TTextLayoutNGOrv::Class(), TSoftwareCanvas::Class());
-  RegisterFontGlyphs(chain);
 }
 
 }  // namespace orv::platform

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "textlayout/platform/Orv.FontGlyphs.Cells.h"
+#include "fmx/GlyphCells.h"
 
 namespace orv::platform {
 
@@ -25,16 +25,12 @@ struct TFontChain {
 
 // Fonts from fontconfig and FreeType. Files are opened when the first glyph is asked for; fonts installed later are not
 // seen. Pictures are made without hinting, Arabic letters with whole advances, so that they join without a seam.
-std::unique_ptr<IFontSources> MakeFontSources(TFontChain chain = TFontChain::Plain());
+std::unique_ptr<fmx::IFontSources> MakeFontSources(TFontChain chain = TFontChain::Plain());
 
 // The back end of these. One thread.
 std::unique_ptr<fmx::TFontGlyphBackEnd> MakeFontGlyphs(TFontChain chain = TFontChain::Plain());
 
-// Makes them the glyphs of the process, and has runs in fonts without presentation forms shaped by HarfBuzz.
+// Makes them the glyphs of the process.
 void RegisterFontGlyphs(const TFontChain& chain = TFontChain::Plain());
-
-// For programs that draw text and do without the rest of the system: the software canvas is the default one, its texts
-// are laid out by TTextLayoutNGOrv, and the glyphs are these.
-void RegisterText(const TFontChain& chain = TFontChain::Plain());
 
 }  // namespace orv::platform

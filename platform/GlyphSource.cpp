@@ -4,9 +4,9 @@
 #include <unordered_map>
 #include <utility>
 
+#include "fmx/GlyphCells.h"
 #include "platform/Faces.h"
 #include "platform/MissingGlyph.h"
-#include "textlayout/platform/Orv.FontGlyphs.Cells.h"
 
 namespace orv::platform {
 namespace {
@@ -74,7 +74,7 @@ TFontMetrics TGlyphSource::Metrics() const {
 }
 
 bool IsInvisible(std::uint32_t codePoint) {
-  return orv::IsSilent(codePoint);
+  return fmx::IsSilent(codePoint);
 }
 
 }  // namespace orv::platform

@@ -4,10 +4,9 @@
 #include <memory>
 #include <string>
 
-#include "fmx/FontGlyphManager.h"
 #include "fmx/Services.h"
 #include "platform/CanvasService.h"
-#include "platform/SourceGlyphs.h"
+#include "platform/FontGlyphs.h"
 #include "rtl/Utf8.h"
 
 namespace orv::platform {
@@ -37,7 +36,7 @@ void StartPlatform() {
   services->AddPlatformService(fmx::IFontService::Guid, std::make_shared<TFontService>());
   services->AddPlatformService(fmx::IFolderService::Guid, std::make_shared<TFolderService>());
   fmx::TPlatformServices::SetCurrent(std::move(services));
-  fmx::TFontGlyphManager::RegisterBackEnd(MakeSourceGlyphs);
+  RegisterFontGlyphs();
   TCanvasService().RegisterCanvasClasses();
 }
 

@@ -55,8 +55,25 @@ std::uint64_t TFontGlyphManagerOrv::Generation() {
 
 // --- The current font ---
 
-void TFontGlyphManagerOrv::Load(const fmx::TFont& font, float scale) {
+namespace {
+
+bool IsSameFamily(std::u16string_view a, std::u16string_view b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](char16_t x, char16_t y) { return x == y || rtl::ToLower(x) == rtl::ToLower(y); });
+}
+
+// With the file of a family that the application brought along.
+fmx::TFontSettings SettingsOf(const fmx::TFont& font, float scale) {
   fmx::TFontSettings settings = fmx::TFontSettings::Of(font, scale);
+  const auto* own = TFontGlyphManagerOrv::FindFont(font.Family());
+  if (own != nullptr && own->ResourceType != TOrvResourceType::AppResource) settings.File = own->ResString;
+  return settings;
+}
+
+}  // namespace
+
+void TFontGlyphManagerOrv::Load(const fmx::TFont& font, float scale) {
+  fmx::TFontSettings settings = SettingsOf(font, scale);
   if (FLoaded && settings.IsSameAs(FCurrentSettings)) return;
   FreeLoaded();
   FCurrentSettings = std::move(settings);
@@ -94,6 +111,13 @@ std::map<std::u16string, TFontGlyphManagerOrv::TOrvFontResInfo>& TFontGlyphManag
   return fonts;
 }
 
+const TFontGlyphManagerOrv::TOrvFontResInfo* TFontGlyphManagerOrv::FindFont(std::u16string_view family) {
+  const auto& fonts = FontsList();
+  const auto found =
+      std::find_if(fonts.begin(), fonts.end(), [&](const auto& each) { return IsSameFamily(each.first, family); });
+  return found == fonts.end() ? nullptr : &found->second;
+}
+
 // --- Handlers ---
 
 void TFontGlyphManagerOrv::RegisterCharacterHandleMethod(TCharacterHandleFunction method, bool overrideValue) {
@@ -116,6 +140,16 @@ bool TFontGlyphManagerOrv::IsColorfulCharacter(TGlyphChars chars) const {
 }
 
 // --- Over a back end ---
+
+bool TBackEndFontGlyphManager::FontRendererRequired(const fmx::TFont& font) const {
+  if (const TOrvFontResInfo* own = FindFont(font.Family()))
+    return own->RequireFontRenderer || FBackEnd->FontRendererRequired(SettingsOf(font, 1));
+  if (FAskedFamily != font.Family()) {
+    FAskedAnswer = FBackEnd->FontRendererRequired(SettingsOf(font, 1));
+    FAskedFamily = font.Family();
+  }
+  return FAskedAnswer;
+}
 
 fmx::TFontGlyph TBackEndFontGlyphManager::DoGetGlyph(TGlyphChars chars, fmx::TFontGlyphSettings settings,
                                                      bool colorful) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -83,7 +84,7 @@ class TFontGlyphManagerOrv {
   static bool HasGlyph(TGlyphChars chars);
 
   // Whether runs in that font are shaped by the internal text layout of the platform instead of glyph by glyph. False
-  // here; over a back end its answer.
+  // here; over a back end its answer, and true for a font that was registered so.
   virtual bool FontRendererRequired(const fmx::TFont& font) const;
 
   static void RegisterCharacterHandleMethod(TCharacterHandleFunction method, bool overrideValue);
@@ -91,8 +92,10 @@ class TFontGlyphManagerOrv {
   static void UnRegisterCharacterHandleMethod(TCharacterHandleFunction method);
   static std::span<const TMethodDescriptor> Methods() { return FMethods; }
 
-  // Fonts by family: what the application brought along. Platforms look for a family here first.
+  // Fonts by family: what the application brought along. A family is looked for here first.
   static std::map<std::u16string, TOrvFontResInfo>& FontsList();
+  // The entry of a family, without regard to letter case; null where there is none.
+  static const TOrvFontResInfo* FindFont(std::u16string_view family);
 
   void UnInitialize() {}
 
@@ -129,7 +132,7 @@ class TBackEndFontGlyphManager : public TFontGlyphManagerOrv {
  public:
   explicit TBackEndFontGlyphManager(std::unique_ptr<fmx::TFontGlyphBackEnd> backEnd) : FBackEnd(std::move(backEnd)) {}
   ~TBackEndFontGlyphManager() override { FreeLoaded(); }
-  bool FontRendererRequired(const fmx::TFont& font) const override { return FBackEnd->FontRendererRequired(font); }
+  bool FontRendererRequired(const fmx::TFont& font) const override;
 
  protected:
   void LoadResource() override { FBackEnd->LoadResource(CurrentSettings()); }
@@ -139,6 +142,9 @@ class TBackEndFontGlyphManager : public TFontGlyphManagerOrv {
 
  private:
   std::unique_ptr<fmx::TFontGlyphBackEnd> FBackEnd;
+  // The last answer for an installed font: layouts ask for each run.
+  mutable std::optional<std::u16string> FAskedFamily;
+  mutable bool FAskedAnswer = false;
 };
 
 }  // namespace orv

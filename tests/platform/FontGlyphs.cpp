@@ -12,6 +12,7 @@
 #include <numeric>
 #include <random>
 
+#include "fmx/CanvasManager.h"
 #include "fmx/Exceptions.h"
 #include "fmx/Limits.h"
 #include "fmx/TextLayoutManager.h"
@@ -281,6 +282,22 @@ TEST_F(FontGlyphs, FontThatTheApplicationBroughtIsFoundByItsFamily) {
   EXPECT_EQ(Glyph(U'a', fmx::TFont(u"Lost", 20)).Bitmap, Glyph(U'a', DejaVu).Bitmap);
 }
 
+TEST_F(FontGlyphs, RegisteredFontMayAskForItsRenderer) {
+  const auto required = [](const char16_t* family) {
+    return TFontGlyphManagerOrv::Current().FontRendererRequired(fmx::TFont(family, 12));
+  };
+  for (const char16_t* family : {u"DejaVu Sans", u"FreeSerif", u"Noto Sans Hebrew", u"Noto Naskh Arabic", u"", u"None"})
+    EXPECT_FALSE(required(family));
+  EXPECT_TRUE(required(u"Noto Nastaliq Urdu"));  // letters, and none of their forms
+  const auto file = TFontCatalog().Find("DejaVu Sans");
+  ASSERT_TRUE(file);
+  const std::u16string path(file->Path.begin(), file->Path.end());
+  TFontGlyphManagerOrv::FontsList()[u"Own"] = {TOrvResourceType::File, path, true};
+  TFontGlyphManagerOrv::FontsList()[u"Plain"] = {TOrvResourceType::File, path, false};
+  EXPECT_TRUE(required(u"own"));
+  EXPECT_FALSE(required(u"Plain"));
+}
+
 // Open font files are mapped into memory.
 int MappedFonts() {
   std::ifstream maps("/proc/self/maps");
@@ -303,7 +320,8 @@ TEST_F(FontGlyphs, NoFileIsOpenBeforeTheFirstText) {
 }
 
 TEST_F(FontGlyphs, CanvasFillsTextByTheSystemsLayout) {
-  RegisterText();
+  fmx::TCanvasManager::RegisterCanvas(TSoftwareCanvas::Class(), true, false);
+  fmx::TTextLayoutManager::RegisterTextLayout(TTextLayoutNGOrv::Class(), TSoftwareCanvas::Class());
   fmx::TBitmap bitmap(200, 40);
   fmx::TCanvas& canvas = bitmap.Canvas();
   canvas.Font().Assign(DejaVu);
@@ -400,8 +418,8 @@ TEST_F(FontGlyphs, HostileFilesDoNoHarm) {
   const auto folder = std::filesystem::temp_directory_path() / ("orv-fonts-" + std::to_string(::getpid()));
   std::filesystem::create_directories(folder);
   const std::string name = (folder / "hostile.ttf").string();
-  TFontGlyphManagerOrv::FontsList()[u"Hostile"] = {TOrvResourceType::File, std::u16string(name.begin(), name.end()),
-                                                   false};
+  fmx::TFontSettings hostile{u"Hostile", {}, 24, 1};
+  hostile.File = std::u16string(name.begin(), name.end());
   int usable = 0;
   for (const char* family : {"DejaVu Sans", "FreeSerif", "Noto Sans Hebrew"}) {
     const auto file = TFontCatalog().Find(family);
@@ -418,9 +436,9 @@ TEST_F(FontGlyphs, HostileFilesDoNoHarm) {
       }
       std::ofstream(name, std::ios::binary).write(bad.data(), static_cast<std::streamsize>(bad.size()));
       const auto backEnd = MakeFontGlyphs();  // knows nothing of the file before
-      backEnd->LoadResource({u"Hostile", {}, 24, 1});
+      backEnd->LoadResource(hostile);
       EXPECT_TRUE(std::isfinite(backEnd->DoGetBaseline()));
-      backEnd->FontRendererRequired(fmx::TFont(u"Hostile", 24));
+      backEnd->FontRendererRequired(hostile);
       for (const std::uint32_t c : {0x20U, 0x41U, 0x67U, 0x5D0U, 0x5E9U, 0x628U, 0xFE91U, 0xFEFBU, 0xFE76U, 0x2026U}) {
         const auto glyph =
             backEnd->DoGetGlyph(std::span(&c, 1), {TFontGlyphSetting::Bitmap, TFontGlyphSetting::Path}, c % 2 == 0);

@@ -1,4 +1,4 @@
-#include "textlayout/platform/Orv.FontGlyphs.Cells.h"
+#include "fmx/GlyphCells.h"
 
 #include <algorithm>
 #include <cmath>
@@ -8,14 +8,12 @@
 
 #include "fmx/Limits.h"
 #include "fmx/Rounding.h"
-#include "rtl/Unicode.h"
-#include "textlayout/Orv.FontGlyphs.h"
 
-namespace orv {
+namespace fmx {
 namespace {
 
 // Inclusive ranges, in order.
-constexpr std::pair<UCS4Char, UCS4Char> SilentRanges[] = {
+constexpr std::pair<std::uint32_t, std::uint32_t> SilentRanges[] = {
     {0x0000, 0x0008},                                        // controls but tab
     {0x000A, 0x001F},   {0x007F, 0x009F}, {0x00AD, 0x00AD},  // soft hyphen
     {0x061C, 0x061C},                                        // Arabic letter mark
@@ -36,26 +34,26 @@ struct TBearings {
 };
 
 // The shadda and vowel forms stand on the letter before them.
-constexpr bool StandsOnTheLetterBefore(UCS4Char c) {
+constexpr bool StandsOnTheLetterBefore(std::uint32_t c) {
   return (c >= 0xFC5E && c <= 0xFC62) || (c >= 0xFE70 && c <= 0xFE7D);
 }
 
 // Layouts draw the cell of a mark that stands above its letter a third of its height higher, and that of a kasra a
 // fifth lower. Fonts have the ink where it belongs already, so it lies as much lower or higher in these cells.
-std::int32_t InkShift(UCS4Char c, std::int32_t height) {
+std::int32_t InkShift(std::uint32_t c, std::int32_t height) {
   const bool isMark = (c >= 0xFE70 && c <= 0xFE7E) || (c >= 0xFC5E && c <= 0xFC63);
   if (!isMark) return 0;
   const bool isKasra = c == 0xFE74 || c == 0xFE7A;
-  return static_cast<std::int32_t>(isKasra ? -fmx::Round(height / 5.0) : fmx::Round(height / 3.0));
+  return static_cast<std::int32_t>(isKasra ? -Round(height / 5.0) : Round(height / 3.0));
 }
 
 // The room that the characters take, in whole pixels.
 std::int32_t Extent(float advance) {
-  return static_cast<std::int32_t>(std::clamp<std::int64_t>(fmx::Ceil(advance), 0, fmx::MaxBitmapSide + 1));
+  return static_cast<std::int32_t>(std::clamp<std::int64_t>(Ceil(advance), 0, MaxBitmapSide + 1));
 }
 
 TBearings BearingsOf(std::span<const std::uint32_t> chars, const TCharacterInk& ink) {
-  const UCS4Char c = chars.front();
+  const std::uint32_t c = chars.front();
   if (chars.size() > 1 || c >= 0x10000) {
     const auto extent = static_cast<float>(Extent(ink.Advance));
     return {0, extent, 0, extent};
@@ -86,7 +84,7 @@ TCellReach ReachOf(const TCharacterInk& ink, std::int32_t base, std::int32_t lin
 // Draws the ink in the cell, its pen at x and its base line at y. What does not fit is cut off.
 class TCellPen {
  public:
-  TCellPen(fmx::TBitmapSurface& cell, bool asGrey, std::int32_t x, std::int32_t y)
+  TCellPen(TBitmapSurface& cell, bool asGrey, std::int32_t x, std::int32_t y)
       : FCell(cell), FAsGrey(asGrey), FX(x), FY(y) {}
 
   void Draw(const TCharacterInk& ink) {
@@ -113,28 +111,15 @@ class TCellPen {
     return FAsGrey ? a * 0x01010101U : a << 24 | 0xFFFFFFU;
   }
 
-  fmx::TBitmapSurface& FCell;
+  TBitmapSurface& FCell;
   bool FAsGrey;
   std::int32_t FX;
   std::int32_t FY;
 };
 
-bool SameFamily(const std::u16string& a, const std::u16string& b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char16_t x, char16_t y) { return x == y || rtl::ToLower(x) == rtl::ToLower(y); });
-}
-
-const TFontGlyphManagerOrv::TOrvFontResInfo* RegisteredFont(const std::u16string& family) {
-  const auto& fonts = TFontGlyphManagerOrv::FontsList();
-  if (const auto found = fonts.find(family); found != fonts.end()) return &found->second;
-  const auto found =
-      std::find_if(fonts.begin(), fonts.end(), [&](const auto& each) { return SameFamily(each.first, family); });
-  return found == fonts.end() ? nullptr : &found->second;
-}
-
 }  // namespace
 
-bool IsSilent(UCS4Char c) {
+bool IsSilent(std::uint32_t c) {
   return std::any_of(std::begin(SilentRanges), std::end(SilentRanges),
                      [c](const auto& range) { return c >= range.first && c <= range.second; });
 }
@@ -142,23 +127,16 @@ bool IsSilent(UCS4Char c) {
 std::int32_t PixelSizeOf(float size, float scale) {
   const float pixels = size * scale;
   if (!(pixels > 0)) return 0;
-  return static_cast<std::int32_t>(
-      std::min<std::int64_t>(fmx::Round(pixels), std::numeric_limits<std::int32_t>::max()));
+  return static_cast<std::int32_t>(std::min<std::int64_t>(Round(pixels), std::numeric_limits<std::int32_t>::max()));
 }
 
-std::u16string RegisteredFileOf(const std::u16string& family) {
-  const auto* font = RegisteredFont(family);
-  return font != nullptr && font->ResourceType != TOrvResourceType::AppResource ? font->ResString : std::u16string();
-}
-
-TFontWanted FontWantedOf(const fmx::TFontSettings& settings) {
-  return {settings.Family, RegisteredFileOf(settings.Family), settings.Weight, settings.Slant,
-          PixelSizeOf(settings.Size, settings.Scale)};
+TFontWanted FontWantedOf(const TFontSettings& settings) {
+  return {settings.Family, settings.File, settings.Weight, settings.Slant, PixelSizeOf(settings.Size, settings.Scale)};
 }
 
 // --- The back end ---
 
-void TCellGlyphs::LoadResource(const fmx::TFontSettings& settings) {
+void TCellGlyphs::LoadResource(const TFontSettings& settings) {
   FWanted = FontWantedOf(settings);
 }
 
@@ -167,11 +145,8 @@ float TCellGlyphs::DoGetBaseline() {
   return static_cast<float>(FSources->Open(FWanted).Metrics().Ascent);
 }
 
-fmx::TFontGlyph TCellGlyphs::DoGetGlyph(std::span<const std::uint32_t> chars, fmx::TFontGlyphSettings settings,
-                                        bool colorful) {
-  using fmx::TFontGlyphSetting;
-  using fmx::TFontGlyphStyle;
-  fmx::TFontGlyph glyph;
+TFontGlyph TCellGlyphs::DoGetGlyph(std::span<const std::uint32_t> chars, TFontGlyphSettings settings, bool colorful) {
+  TFontGlyph glyph;
   const bool wantsPath = settings.Contains(TFontGlyphSetting::Path);
   if (wantsPath) glyph.Style.Include(TFontGlyphStyle::HasPath);
   if (colorful) glyph.Style.Include(TFontGlyphStyle::ColorGlyph);
@@ -183,7 +158,7 @@ fmx::TFontGlyph TCellGlyphs::DoGetGlyph(std::span<const std::uint32_t> chars, fm
   const TLineMetrics line = source.Metrics();
   const std::int32_t height = line.Ascent + line.Descent;
   glyph.VerticalAdvance = static_cast<float>(height);
-  const UCS4Char c = chars.front();
+  const std::uint32_t c = chars.front();
   if (IsSilent(c)) {
     glyph.Style.Include(TFontGlyphStyle::NoGlyph);
     return glyph;
@@ -191,7 +166,7 @@ fmx::TFontGlyph TCellGlyphs::DoGetGlyph(std::span<const std::uint32_t> chars, fm
   const bool wantsPicture = settings.Contains(TFontGlyphSetting::Bitmap);
   const TCharacterInk ink = source.Ink(c, wantsPicture, colorful);
   const TBearings bearings = BearingsOf(chars, ink);
-  const auto shift = static_cast<std::int32_t>(fmx::Trunc(bearings.A));
+  const auto shift = static_cast<std::int32_t>(Trunc(bearings.A));
   const std::int32_t base = line.Ascent + InkShift(c, height);
   const TCellReach reach = ReachOf(ink, base, height);
   glyph.Origin = {shift, reach.Top};
@@ -207,16 +182,10 @@ fmx::TFontGlyph TCellGlyphs::DoGetGlyph(std::span<const std::uint32_t> chars, fm
   return glyph;
 }
 
-bool TCellGlyphs::FontRendererRequired(const fmx::TFont& font) {
-  const std::size_t registered = TFontGlyphManagerOrv::FontsList().size();
-  if (FHasAsked && FRegistered == registered && FAsked == font.Family()) return FAnswer;
-  const auto* own = RegisteredFont(font.Family());
-  const TFontWanted wanted{font.Family(), RegisteredFileOf(font.Family()), font.Weight(), font.Slant(), 16};
-  FAnswer = (own != nullptr && own->RequireFontRenderer) || FSources->NeedsShaping(wanted);
-  FAsked = font.Family();
-  FRegistered = registered;
-  FHasAsked = true;
-  return FAnswer;
+bool TCellGlyphs::FontRendererRequired(const TFontSettings& font) {
+  TFontWanted wanted = FontWantedOf(font);
+  wanted.PixelSize = 16;  // any
+  return FSources->NeedsShaping(wanted);
 }
 
-}  // namespace orv
+}  // namespace fmx

@@ -10,13 +10,12 @@
 
 #include "fmx/FontGlyphManager.h"
 #include "fmx/PathData.h"
-#include "unicode/Unicode.Text.UCS4.h"
 
-namespace orv {
+namespace fmx {
 
 // Characters that draw nothing and have no advance, whatever a font shows for them: controls but the tab, joiners,
 // direction marks, isolates, line separators, variation selectors, tags, the soft hyphen and the byte order mark.
-bool IsSilent(UCS4Char c);
+bool IsSilent(std::uint32_t c);
 
 // What a font has of one character. Lengths are device pixels.
 struct TCharacterInk {
@@ -41,17 +40,17 @@ class ICharacterSource {
  public:
   virtual ~ICharacterSource() = default;
   virtual TLineMetrics Metrics() = 0;  // of the font itself, whatever font a character comes from
-  // Raises fmx::EBitmapSizeTooBig for a picture beyond fmx/Limits.h.
-  virtual TCharacterInk Ink(UCS4Char c, bool wantsPicture, bool colorful) = 0;
-  virtual fmx::TPathData Outline(UCS4Char c) = 0;  // the pen on the base line is the origin, y grows downward
+  // Raises EBitmapSizeTooBig for a picture beyond fmx/Limits.h.
+  virtual TCharacterInk Ink(std::uint32_t c, bool wantsPicture, bool colorful) = 0;
+  virtual TPathData Outline(std::uint32_t c) = 0;  // the pen on the base line is the origin, y grows downward
 };
 
 // A font as it is asked for: a positive whole number of device pixels for the em.
 struct TFontWanted {
   std::u16string Family;
   std::u16string File;  // of a font that the application brought along; empty for an installed one
-  fmx::TFontWeight Weight = fmx::TFontWeight::Regular;
-  fmx::TFontSlant Slant = fmx::TFontSlant::Regular;
+  TFontWeight Weight = TFontWeight::Regular;
+  TFontSlant Slant = TFontSlant::Regular;
   std::int32_t PixelSize = 0;
 };
 
@@ -68,33 +67,23 @@ class IFontSources {
 // Sizes of an em are whole device pixels; a size that is below 1, or no number, is 0 and gives glyphs of nothing.
 std::int32_t PixelSizeOf(float size, float scale);
 
-// The file of a registered family, without regard to letter case; empty for another one.
-std::u16string RegisteredFileOf(const std::u16string& family);
-
 // The font that a setting of the framework stands for.
-TFontWanted FontWantedOf(const fmx::TFontSettings& settings);
+TFontWanted FontWantedOf(const TFontSettings& settings);
 
 // The back end of a platform's fonts. Nothing is asked of them before a glyph or a base line is.
-class TCellGlyphs : public fmx::TFontGlyphBackEnd {
+class TCellGlyphs : public TFontGlyphBackEnd {
  public:
   explicit TCellGlyphs(std::unique_ptr<IFontSources> sources) : FSources(std::move(sources)) {}
 
-  void LoadResource(const fmx::TFontSettings& settings) override;
+  void LoadResource(const TFontSettings& settings) override;
   void FreeResource() override { FWanted = {}; }
-  fmx::TFontGlyph DoGetGlyph(std::span<const std::uint32_t> chars, fmx::TFontGlyphSettings settings,
-                             bool colorful) override;
+  TFontGlyph DoGetGlyph(std::span<const std::uint32_t> chars, TFontGlyphSettings settings, bool colorful) override;
   float DoGetBaseline() override;
-  bool FontRendererRequired(const fmx::TFont& font) override;
+  bool FontRendererRequired(const TFontSettings& font) override;
 
  private:
   std::unique_ptr<IFontSources> FSources;
   TFontWanted FWanted;
-
-  // The last answer: layouts ask for each run.
-  std::u16string FAsked;
-  std::size_t FRegistered = 0;  // how many fonts were registered then
-  bool FHasAsked = false;
-  bool FAnswer = false;
 };
 
-}  // namespace orv
+}  // namespace fmx

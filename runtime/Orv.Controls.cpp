@@ -1,5 +1,6 @@
 #include "runtime/Orv.Controls.h"
 
+#include <functional>
 #include <string>
 #include <utility>
 
@@ -33,26 +34,47 @@ bool IsSwapped(TClass gpuCanvas) {
   return IsNamed(ClassParent(gpuCanvas), GpuCanvasName);
 }
 
-// Takes away what is registered, for what comes first stays in force.
-void ForgetRegistrations() {
+// Takes away what is registered, for what comes first stays in force, registers anew by the function, and lets the
+// service follow. A host that the function raises over has its own registrations again.
+void Swap(fmx::ICanvasService& service, const std::function<void()>& registerAnew) {
+  const bool softwareEnabled = fmx::TCanvasManager::SoftwareCanvasEnabled();
   fmx::TCanvasManager::UnInitialize();
   fmx::TTextLayoutManager::UnInitialize();
   fmx::TCanvasManager::EnableSoftwareCanvas(false);
+  try {
+    registerAnew();
+  } catch (...) {
+    fmx::TCanvasManager::EnableSoftwareCanvas(softwareEnabled);
+    service.RegisterCanvasClasses();
+    throw;
+  }
+  service.RegisterCanvasClasses();
 }
 
 void SwapCanvas(fmx::ICanvasService& service, TClass canvas) {
-  ForgetRegistrations();
-  gpu::RegisterCanvasClasses(canvas);
-  service.RegisterCanvasClasses();
+  Swap(service, [canvas] { gpu::RegisterCanvasClasses(canvas); });
 }
 
 // A canvas without a layout has nothing to patch.
 void SwapLayout(fmx::ICanvasService& service, TClass canvas, void (*registerPatched)(TClass canvas, TClass layout)) {
   const TClass layout = fmx::TTextLayoutManager::TextLayoutByCanvas(canvas);
-  if (layout == nullptr) return;
-  ForgetRegistrations();
-  registerPatched(canvas, layout);
-  service.RegisterCanvasClasses();
+  if (layout != nullptr) Swap(service, [=] { registerPatched(canvas, layout); });
+}
+
+void SwapByName(fmx::ICanvasService& service, TClass canvas) {
+  if (IsNamed(canvas, GpuCanvasName)) {
+    if (!IsSwapped(canvas)) SwapCanvas(service, canvas);
+  } else if (IsNamed(canvas, "TCanvasD2D")) {
+    SwapLayout(service, canvas, d2d::RegisterTextLayout);
+  } else if (IsNamed(canvas, "TCanvasGdiPlus")) {
+    SwapLayout(service, canvas, gdip::RegisterTextLayout);
+  }
+}
+
+// The resets lose a printer canvas that the service does not know.
+void KeepPrinter(TClass printer) {
+  if (printer != nullptr && fmx::TCanvasManager::DefaultPrinterCanvas() == nullptr)
+    fmx::TCanvasManager::RegisterCanvas(printer, false, true);
 }
 
 }  // namespace
@@ -61,17 +83,14 @@ void OrvReady() {
   const auto service = fmx::FindService<fmx::ICanvasService>();
   if (service == nullptr) return;
   service->RegisterCanvasClasses();
-  const TClass canvas = fmx::TCanvasManager::DefaultCanvas();
   const TClass printer = fmx::TCanvasManager::DefaultPrinterCanvas();
-  if (IsNamed(canvas, GpuCanvasName)) {
-    if (!IsSwapped(canvas)) SwapCanvas(*service, canvas);
-  } else if (IsNamed(canvas, "TCanvasD2D")) {
-    SwapLayout(*service, canvas, d2d::RegisterTextLayout);
-  } else if (IsNamed(canvas, "TCanvasGdiPlus")) {
-    SwapLayout(*service, canvas, gdip::RegisterTextLayout);
+  try {
+    SwapByName(*service, fmx::TCanvasManager::DefaultCanvas());
+  } catch (...) {
+    KeepPrinter(printer);
+    throw;
   }
-  if (printer != nullptr && fmx::TCanvasManager::DefaultPrinterCanvas() == nullptr)
-    fmx::TCanvasManager::RegisterCanvas(printer, false, true);
+  KeepPrinter(printer);
 }
 
 // --- Fonts ---

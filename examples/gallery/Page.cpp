@@ -209,11 +209,10 @@ void TPage::Paint(fmx::TCanvas& canvas, const TTheme& theme, const TRectF& rect)
   TColumn first{canvas, theme, left, two ? middle - Gap / 2 : right, top};
   PaintAlignments(first);
   PaintTrimmings(first);
-  PaintAttributes(first);
+  PaintLines(first);
   TColumn second{canvas, theme, two ? middle + Gap / 2 : left, right, two ? top : first.Top};
-  if (two) PaintProse(second);
-  PaintLines(second);
-  if (!two) PaintProse(second);
+  PaintProse(second);
+  PaintAttributes(second);
   FHeight = std::max(first.Top, second.Top) + FScrolled - rect.Top + Margin - Gap;
 }
 

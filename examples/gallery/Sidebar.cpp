@@ -9,7 +9,7 @@ namespace {
 
 constexpr float Margin = 22;
 constexpr float TitleHeight = 26;
-constexpr float ToggleHeight = 22;
+constexpr float ToggleHeight = 20;
 constexpr float ChoiceHeight = 26;
 constexpr float GroupGap = 12;
 constexpr float HeadHeight = 58;

@@ -15,7 +15,7 @@ std::unique_ptr<fmx::TTextLayout> Lay(fmx::TCanvas& canvas, const fmx::TRectF& b
   layout->SetVerticalAlign(style.Vertical);
   layout->SetWordWrap(style.Wrap);
   layout->SetTrimming(style.Trimming);
-  layout->SetTopLeft(box.TopLeft());
+  layout->SetTopLeft(canvas.AlignToPixel(box.TopLeft()));  // where glyphs are sharp
   layout->SetMaxSize({box.Width(), box.Height()});
   layout->SetText(text);
   layout->EndUpdate();

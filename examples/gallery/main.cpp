@@ -26,7 +26,7 @@ using platform::TWindowEvent;
 using platform::TWindowKey;
 
 constexpr int Width = 1180;
-constexpr int Height = 900;
+constexpr int Height = 860;
 constexpr float WheelStep = 48;
 
 class TGallery {

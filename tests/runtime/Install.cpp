@@ -216,10 +216,14 @@ TEST_F(Install, AHostThatIsNoCanvasStopsTheLoadingThere) {
   static const TClass strange =
       TVirtualClassGenerator::CreateNewClass(fmx::TGPUTextLayout::Class(), u"Host", u"TCanvasGpu");
   SetUpHost([] { fmx::TCanvasManager::RegisterCanvas(strange, true, false); });
+  fmx::TCanvasManager::RegisterCanvas(THostPrinter::Class(), false, true);
   EXPECT_THROW(orv::Install(), rtl::EAssertionFailed);
   EXPECT_EQ(Counts()["Orv.Edit.Style"], 1);
   EXPECT_EQ(Counts()["Orv.Controls"], 0);
   EXPECT_EQ(Counts()["InitLocale"], 0);
+  EXPECT_EQ(fmx::TCanvasManager::DefaultCanvas(), strange) << "the host goes on with what it has";
+  EXPECT_EQ(fmx::TCanvasManager::DefaultPrinterCanvas(), THostPrinter::Class());
+  EXPECT_TRUE(fmx::TCanvasManager::SoftwareCanvasEnabled());
 }
 
 }  // namespace

@@ -48,6 +48,7 @@ class TViewer {
         Reflow();
         break;
       case TWindowEvent::TKind::Exposed:
+      case TWindowEvent::TKind::Press:
         break;
       case TWindowEvent::TKind::Key:
         Press(event.Key);

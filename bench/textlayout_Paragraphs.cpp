@@ -17,6 +17,11 @@ namespace orv::bench {
 
 namespace {
 
+// Shows that all wrap alike.
+void ReportLines(benchmark::State& state, std::int64_t lines) {
+  state.counters["lines"] = static_cast<double>(lines);
+}
+
 void LayOut(benchmark::State& state, std::span<const std::u16string_view> texts, TOrvCorrections corrections) {
   const TCorrectionsInForce inForce(corrections);
   const auto layout = MakeLayout(TLines::Wrapped);
@@ -27,6 +32,12 @@ void LayOut(benchmark::State& state, std::span<const std::u16string_view> texts,
       benchmark::DoNotOptimize(layout->Frame().Height());
     }
   }
+  std::int64_t lines = 0;
+  for (const std::u16string_view text : texts) {
+    layout->SetText(text);
+    lines += layout->Frame().Count();
+  }
+  ReportLines(state, lines);
 }
 
 void LayOutWithQt(benchmark::State& state, const TParagraphs& paragraphs) {
@@ -38,6 +49,12 @@ void LayOutWithQt(benchmark::State& state, const TParagraphs& paragraphs) {
   for (auto iteration : state) {
     for (const QString& text : texts) benchmark::DoNotOptimize(layout.SetText(text));
   }
+  std::int64_t lines = 0;
+  for (const QString& text : texts) {
+    layout.SetText(text);
+    lines += layout.LineCount();
+  }
+  ReportLines(state, lines);
 }
 
 void ShapeWithHarfBuzz(benchmark::State& state, const TParagraphs& paragraphs) {

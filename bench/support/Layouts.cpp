@@ -8,18 +8,17 @@
 #include <cstdlib>
 #include <optional>
 
-#include "fmx/FixedGlyphs.h"
 #include "platform/FontCatalog.h"
+#include "platform/FontGlyphs.h"
 #include "textlayout/Orv.FontGlyphs.h"
 
 namespace orv::bench {
 
 namespace {
 
-// Once glyphs were met, what a layout asks of them costs the same whatever they look like.
 void UseGlyphs() {
   static const bool used = [] {
-    TFontGlyphManagerOrv::SetCurrent(std::make_unique<TBackEndFontGlyphManager>(std::make_unique<fmx::TFixedGlyphs>()));
+    TFontGlyphManagerOrv::SetCurrent(std::make_unique<TBackEndFontGlyphManager>(platform::MakeFontGlyphs()));
     return true;
   }();
   static_cast<void>(used);
@@ -132,7 +131,7 @@ QString ToQt(std::u16string_view text) {
 // --- HarfBuzz ---
 
 THarfBuzz::THarfBuzz() : FBuffer(hb_buffer_create()) {
-  const std::optional<platform::TFontFile> file = platform::TFontCatalog().Find("DejaVu Sans", false);
+  const std::optional<platform::TFontFile> file = platform::TFontCatalog().Find("DejaVu Sans");
   if (!file || file->Family != "DejaVu Sans") return;
   hb_blob_t* blob = hb_blob_create_from_file(file->Path.c_str());
   hb_face_t* face = hb_face_create(blob, static_cast<unsigned>(file->Index));

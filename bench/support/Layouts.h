@@ -58,6 +58,7 @@ class TQtLayout {
   // Lays the text out and returns the height of its lines.
   double SetText(const QString& text);
 
+  int LineCount() const { return FLayout.lineCount(); }
   double Height() const { return FHeight; }
   double Width() const;  // of the widest line
   void Draw(QPainter& painter) const { FLayout.draw(&painter, {0, 0}); }

@@ -156,14 +156,14 @@ struct TProse {
 // clang-format off
 constexpr TProse Prose[] = {
     {u"بنی‌آدم اعضای یکدیگرند", 26, TTextAlign::Trailing},
-    {u"حافظهٔ نهان، یک سیستم ذخیره‌سازی موقت به منظور افزایش سرعت دسترسی به داده است؛ این مفهوم می‌تواند در "
-     u"شرایط گوناگون و مقیاس‌های متفاوت مورد استفاده قرار گیرد، از هستهٔ «ریزپردازنده‌ها» گرفته تا سیستم‌های "
+    {u"حافظه‌ی نهان، یک سیستم ذخیره‌سازی موقت به منظور افزایش سرعت دسترسی به داده است؛ این مفهوم می‌تواند در "
+     u"شرایط گوناگون و مقیاس‌های متفاوت مورد استفاده قرار گیرد، از هسته‌ی «ریزپردازنده‌ها» گرفته تا سیستم‌های "
      u"ذخیره‌سازی با قابلیت بالا.",
      16, TTextAlign::Trailing},
-    {u"برنامهٔ SpamAssassin نامه‌های ناخواسته را می‌شناسد و به هر یک امتیازی می‌دهد؛ نامه‌ای با امتیاز بیش از "
+    {u"برنامه‌ی SpamAssassin نامه‌های ناخواسته را می‌شناسد و به هر یک امتیازی می‌دهد؛ نامه‌ای با امتیاز بیش از "
      u"5.0 (پیش‌فرض spamassassin 3.4) کنار می‌رود.",
      16, TTextAlign::Trailing},
-    {u"تضم الأولى حوالي 150 موظفاً؛ أما الثانية (Montpellier) فهي أصغر، فيها حوالي 50 عاملاً فقط، وهي تنتج "
+    {u"تضم الأولى حوالي 150 موظفا؛ أما الثانية (Montpellier) فهي أصغر، فيها حوالي 50 عاملا فقط، وهي تنتج "
      u"مضخمات الصوت.",
      16, TTextAlign::Trailing},
     {u"בכתב העברי 22 אותיות, וחמש מהן (כ, מ, נ, פ, צ) לובשות צורה אחרת בסוף המילה.", 16, TTextAlign::Trailing},
@@ -172,13 +172,21 @@ constexpr TProse Prose[] = {
      15, TTextAlign::Leading},
 };
 // clang-format on
+// Latin words want the blanks of a Latin face.
+constexpr std::u16string_view FamilyOf(const TProse& prose) {
+  return prose.Align == TTextAlign::Leading ? u"Noto Serif" : BookFamily;
+}
 constexpr float ProseGap = 12;
 
 // What the prose takes in that width; a page is measured before its card is drawn.
 float ProseHeight(fmx::TCanvas& canvas, float width) {
   float height = -ProseGap;
   for (const TProse& each : Prose) {
-    const TTextStyle style{each.Size, 0, each.Align, TTextAlign::Leading, true};
+    const TTextStyle style{.Size = each.Size,
+                           .Horizontal = each.Align,
+                           .Vertical = TTextAlign::Leading,
+                           .Wrap = true,
+                           .Family = FamilyOf(each)};
     height += Lay(canvas, {0, 0, width, fmx::MaxLayoutSize.Y}, each.Text, style)->TextHeight() + ProseGap;
   }
   return height;
@@ -190,7 +198,10 @@ void PaintProse(TColumn& column) {
   TRectF inside = column.Card(u"A page", height + 2 * Inside);
   for (const TProse& each : Prose) {
     const fmx::TAlphaColor color = each.Size > 20 ? column.Theme.Accent : column.Theme.Ink;
-    inside.Top += DrawParagraph(column.Canvas, inside, each.Text, {each.Size, color, each.Align}) + ProseGap;
+    inside.Top +=
+        DrawParagraph(column.Canvas, inside, each.Text,
+                      {.Size = each.Size, .Color = color, .Horizontal = each.Align, .Family = FamilyOf(each)}) +
+        ProseGap;
   }
 }
 

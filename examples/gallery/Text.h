@@ -17,7 +17,11 @@ struct TTextStyle {
   bool Wrap = false;
   fmx::TTextTrimming Trimming = fmx::TTextTrimming::None;
   bool Bold = false;
+  std::u16string_view Family = u"DejaVu Sans";
 };
+
+// Book faces, each for its script.
+inline constexpr std::u16string_view BookFamily = {};
 
 // A layout made anew, by the settings of the moment.
 std::unique_ptr<fmx::TTextLayout> Lay(fmx::TCanvas& canvas, const fmx::TRectF& box, std::u16string_view text,

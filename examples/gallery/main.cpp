@@ -12,6 +12,7 @@
 #include "examples/gallery/Sidebar.h"
 #include "fmx/CanvasManager.h"
 #include "platform/Exceptions.h"
+#include "platform/FontGlyphs.h"
 #include "platform/FrameOf.h"
 #include "platform/Host.h"
 #include "platform/Png.h"
@@ -138,6 +139,7 @@ void ShowWindow() {
 
 int main(int argc, char** argv) {
   platform::StartPlatform();
+  platform::RegisterFontGlyphs(platform::TFontChain::Naskh());
   orv::Install();
   if (argc == 2 && std::string_view(argv[1]) == "--switches") {
     TGallery().ListSwitches();

@@ -30,6 +30,14 @@ class TSet {
     return set;
   }
 
+  // All from the first to the last, both included.
+  static constexpr TSet Range(E first, E last) {
+    TSet set;
+    for (auto bit = static_cast<std::uint64_t>(first); bit <= static_cast<std::uint64_t>(last); ++bit)
+      set.Include(static_cast<E>(bit));
+    return set;
+  }
+
   constexpr Rep Bits() const { return FBits; }
   constexpr bool IsEmpty() const { return FBits == 0; }
   constexpr bool Contains(E member) const { return (FBits & Bit(member)) != 0; }

@@ -24,9 +24,18 @@ struct TPlace {
   TSplitPlace EndSplit;
 };
 
-TSplitPlace PlaceIn(const TGPURun& run, std::int32_t position) {
+// Before the atom that holds the unit.
+TSplitPlace PlaceBefore(const TGPURun& run, std::int32_t position) {
   const std::int32_t unit = position - run.StartIndex();
-  return {run.UTF16IndexToUCS4Index(unit), unit};
+  const std::int32_t atom = run.UTF16IndexToUCS4Index(unit);
+  return {atom, run.Corrects(TOrvCorrection::SourceUnits) ? run.UCS4IndexToUTF16Index(atom) : unit};
+}
+
+// Behind it.
+TSplitPlace PlaceBehind(const TGPURun& run, std::int32_t position) {
+  const std::int32_t unit = position - run.StartIndex();
+  const std::int32_t atom = run.UTF16IndexToUCS4Index(unit) + 1;
+  return {atom, run.Corrects(TOrvCorrection::SourceUnits) ? run.UCS4IndexToUTF16Index(atom) : unit + 1};
 }
 
 // The last of the lines whose paragraph begins at the position or before.
@@ -54,7 +63,7 @@ void LocateStart(const TGPUFrame& frame, std::int32_t first, TPlace& place) {
   // A range that starts on a line end starts with what follows it.
   if (run < 0) return;
   place.FirstRun = run;
-  place.StartSplit = PlaceIn(line.Item(run), first);
+  place.StartSplit = PlaceBefore(line.Item(run), first);
 }
 
 void LocateEnd(const TGPUFrame& frame, std::int32_t last, TPlace& place) {
@@ -63,9 +72,7 @@ void LocateEnd(const TGPUFrame& frame, std::int32_t last, TPlace& place) {
   while (place.LastLine > place.FirstLine && RunOf(frame.Line(place.LastLine), last) < 0) --place.LastLine;
   const TGPULine& line = frame.Line(place.LastLine);
   place.LastRun = std::max(RunOf(line, last), place.LastLine == place.FirstLine ? place.FirstRun : 0);
-  place.EndSplit = PlaceIn(line.Item(place.LastRun), last);
-  ++place.EndSplit.Utf32Index;
-  ++place.EndSplit.Utf16Index;
+  place.EndSplit = PlaceBehind(line.Item(place.LastRun), last);
 }
 
 // Splits the run of the line; a right-to-left run's second part is seen before the first.
@@ -165,7 +172,9 @@ void ApplyAsSelection(TGPUFrame& frame, const TPlace& place, bool rightToLeft, c
   }
 }
 
-bool IsSelection(const fmx::TTextAttributedRange& range) {
+// A selection goes by what is seen; with SelectionOrder it is an attribute like any other.
+bool IsSelection(const TGPUFrame& frame, const fmx::TTextAttributedRange& range) {
+  if (frame.Store().Corrects(TOrvCorrection::SelectionOrder)) return false;
   const auto* bidi = dynamic_cast<const TTextAttributedRangeBidi*>(&range);
   return bidi != nullptr && range.ClassName() == "TTextAttributedRangeBidi" && bidi->IsSelection;
 }
@@ -180,7 +189,7 @@ void ApplyRange(TGPUFrame& frame, const fmx::TTextAttributedRange& range, std::i
   // Nothing but a line end.
   if (frame.Line(place.FirstLine).Item(place.FirstRun).StartIndex() > last) return;
   LocateEnd(frame, last, place);
-  if (IsSelection(range))
+  if (IsSelection(frame, range))
     ApplyAsSelection(frame, place, rightToLeft, range.Attribute());
   else
     ApplyInItemOrder(frame, place, range.Attribute());

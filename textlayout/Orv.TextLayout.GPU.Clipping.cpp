@@ -59,6 +59,7 @@ void TLayoutPass::ClipTop() const {
         if (line.Item(i).ImageRect().Height() + line.TopLeft().Y > 0) line.Item(i).Clip();
       return;
     }
+    if (KeepsLast(FFrame.Count())) return;
     FFrame.SetTopLeft({FFrame.TopLeft().X, FFrame.TopLeft().Y + line.Height()});
     FFrame.SetHeight(FFrame.Height() - line.Height());
     FFrame.Delete(0);
@@ -73,6 +74,7 @@ void TLayoutPass::ClipBottom() const {
         if (line.Item(i).ImageRect().Height() + line.TopLeft().Y > FMaxSize.Y) line.Item(i).Clip();
       return;
     }
+    if (KeepsLast(FFrame.Count())) return;
     FFrame.SetHeight(FFrame.Height() - line.Height());
     FFrame.Delete(FFrame.Count() - 1);
   }
@@ -81,7 +83,8 @@ void TLayoutPass::ClipBottom() const {
 void TLayoutPass::ClipSides(TGPULine& line) const {
   if (!(line.Width() > FMaxSize.X) || FLayout.MeasuringText()) return;
   if (FLayout.RealHorizontalAlign() != TTextAlign::Leading) ClipLeft(line);
-  if (FLayout.RealHorizontalAlign() != TTextAlign::Trailing) ClipRight(line);
+  if (FLayout.RealHorizontalAlign() == TTextAlign::Trailing) return;
+  ClipRight(line);
 }
 
 // Each is the visually first or last atoms of the run.
@@ -100,11 +103,12 @@ void TLayoutPass::ClipLeft(TGPULine& line) const {
     TGPURun& run = line.VisualFirst();
     if (run.ImageRect().Left + line.TopLeft().X >= 0) return;
     if (!IsEmpty(run) && run.ImageRect().Right + line.TopLeft().X < 0) {
+      if (KeepsLast(line.Count())) return;
       DeleteOutsideLeft(line);
       continue;
     }
     if (!IsEmpty(run)) ClipFirstRun(line, run);
-    if (!IsEmpty(run)) return;
+    if (!IsEmpty(run) || KeepsLast(line.Count())) return;
     line.DeleteByVisualOrderIndex(0);
   }
 }
@@ -156,20 +160,36 @@ void TLayoutPass::ClipFirstPart(TGPULine& line, TGPURun& run) const {
 
 // --- The right side ---
 
+// Atoms that begin at the edge or beyond it go; the one that stands on it stays. The box is what is left (RightClip).
+void TLayoutPass::ClipLastAtomsWhole(TGPULine& line, TGPURun& run) const {
+  run.Clip();
+  while (run.UCS4Length() > 1) {
+    const float advance = Scaled(AdvanceOf(run, run.DrawnAtomIndex(run.UCS4Length() - 1)));
+    if (run.ImageRect().Right + line.TopLeft().X - advance < FMaxSize.X) return;
+    DeleteFromVisualEnd(run, 1);
+    run.Widen(-advance);
+    line.SetWidth(line.Width() - advance);
+  }
+}
+
 void TLayoutPass::ClipRight(TGPULine& line) const {
   const float left = line.TopLeft().X;
   if (!(FMaxSize.X > left) || line.IsEmpty()) return;
   TGPURun& run = line.VisualLast();
   if (run.Length() > 0 && run.ImageRect().Right + left > FMaxSize.X) {
     if (run.ImageRect().Left + left > FMaxSize.X) {
+      if (KeepsLast(line.Count())) return;
       line.SetWidth(line.Width() - run.GetWidth());
       line.DeleteByVisualOrderIndex(line.Count() - 1);
       return;
     }
-    run.HasInternalRenderer() ? ClipLastPart(line, run) : ClipLastAtoms(line, run);
+    if (run.HasInternalRenderer())
+      ClipLastPart(line, run);
+    else
+      Corrects(TOrvCorrection::RightClip) ? ClipLastAtomsWhole(line, run) : ClipLastAtoms(line, run);
   }
   // Also a run that was empty before.
-  if (run.Length() <= 0) line.DeleteByVisualOrderIndex(line.Count() - 1);
+  if (run.Length() <= 0 && !KeepsLast(line.Count())) line.DeleteByVisualOrderIndex(line.Count() - 1);
 }
 
 // Where the box ends within the run: one atom goes at most, and the line ends behind the atom that crosses the edge.

@@ -67,7 +67,8 @@ class TDrawPass {
     if (FLayout.AttributesCount() > 0) RaiseBase(line);
     const bool trimmed = HasTrimmedRun(line);
     Log::d("DoDrawLayout line %d IsTrimmed", index);
-    if (trimmed && FLayout.RealHorizontalAlign() == TTextAlign::Trailing) {
+    FEllipsisFirst = trimmed && StandsBeforeText();
+    if (FEllipsisFirst) {
       Log::d("DoDrawLayout line %d ellipsis", index);
       FPos.X += DrawEllipsis() * FScaleFactor;
     }
@@ -78,6 +79,13 @@ class TDrawPass {
   void RaiseBase(const TGPULine& line) {
     for (std::int32_t i = 0; i < line.Count(); ++i)
       FBase = std::max(FBase, FLayout.DictionaryOf(line.Item(i)).FBaseline);
+  }
+
+  // Whether the ellipsis of the line is on its left: in a trailing text, or where the text reads from right to left if
+  // lines are trimmed as a whole (TrimLine).
+  bool StandsBeforeText() const {
+    const bool isWhole = FLayout.Frame().Store().Corrects(TOrvCorrection::TrimLine) && !FLayout.Frame().Store().HasRenderers;
+    return isWhole ? FLayout.RightToLeft() : FLayout.RealHorizontalAlign() == TTextAlign::Trailing;
   }
 
   static bool HasTrimmedRun(const TGPULine& line) {
@@ -100,7 +108,7 @@ class TDrawPass {
       Modulate(run.Color());
       for (std::int32_t i = 0; i < run.UCS4Length(); ++i) DrawAtom(run, run.DrawnAtomIndex(i), glyphs);
     }
-    if (run.Trimmed() && FLayout.RealHorizontalAlign() != TTextAlign::Trailing) DrawEllipsis();
+    if (run.Trimmed() && !FEllipsisFirst) DrawEllipsis();
     DrawDecorations(run, glyphs);
   }
 
@@ -198,6 +206,7 @@ class TDrawPass {
   bool FAlignY;
   float FBase;           // of the line, device pixels
   float FBaseShift = 0;  // of the run
+  bool FEllipsisFirst = false;  // in the line
   fmx::TPointF FPos;     // the pen
 };
 

@@ -1,5 +1,6 @@
 // Cutting the text into lines and directional runs, not measured yet.
 #include <algorithm>
+#include <array>
 #include <utility>
 #include <vector>
 
@@ -14,8 +15,8 @@ namespace {
 // Builds one frame out of the engine's segments.
 class TFrameBuilder {
  public:
-  TFrameBuilder(std::u16string_view text, fmx::TAlphaColor color, bool rightToLeft)
-      : FText(text), FColor(color), FRightToLeft(rightToLeft) {}
+  TFrameBuilder(std::unique_ptr<TFrameStore> store, std::u16string_view text, fmx::TAlphaColor color, bool rightToLeft)
+      : FText(text), FColor(color), FRightToLeft(rightToLeft), FFrame(std::make_unique<TGPUFrame>(std::move(store))) {}
 
   std::unique_ptr<TGPUFrame> EmptyText() {
     StartLine(0);
@@ -26,7 +27,7 @@ class TFrameBuilder {
   std::unique_ptr<TGPUFrame> Build(const TDirectionalRuns& runs) {
     ORV_ASSERT(runs.Offsets.size() == runs.Bidi.size() + 1 && runs.VisualOrder.size() == runs.Bidi.size(),
                "The engine's lists differ in length");
-    FAtoms->reserve(FText.size());
+    Store().Atoms.reserve(FText.size());
     StartLine(0);
     for (std::size_t i = 0; i < runs.Bidi.size(); ++i) AddSegment(runs, i);
     if (FLine->IsEmpty()) AddEmptyRun(runs.Offsets.empty() ? 0 : runs.Offsets.back());
@@ -34,20 +35,22 @@ class TFrameBuilder {
   }
 
  private:
+  TFrameStore& Store() const { return FFrame->Store(); }
+
   void StartLine(std::int32_t start) {
-    FLine = &FFrame->Add(std::make_unique<TGPULine>());
+    FLine = &FFrame->Add(Store().New<TGPULine>(Store()));
     FLine->SetStartIndex(start);
   }
 
   // A run of no text, which gives a line without any its height. It stands behind the separator before it.
   void AddEmptyRun(std::int32_t start) {
-    FLine->SetVisualOrderList({0});
+    FLine->SetVisualOrderList(std::array{0});
     TGPURun& run = AddRun();
     run.SetStartIndex(start);
   }
 
   TGPURun& AddRun() {
-    TGPURun& run = FLine->Add(std::make_unique<TGPURun>(FAtoms));
+    TGPURun& run = FLine->Add(Store().New<TGPURun>(Store()));
     run.SetColor(FColor, true);
     return run;
   }
@@ -70,11 +73,11 @@ class TFrameBuilder {
       return;
     }
     const auto order = runs.VisualOrder.begin() + static_cast<std::ptrdiff_t>(first);
-    std::vector<std::int32_t> list(order, order + count);
-    if (FRightToLeft) std::reverse(list.begin(), list.end());
-    const std::int32_t least = *std::min_element(list.begin(), list.end());
-    for (std::int32_t& entry : list) entry -= least;
-    FLine->SetVisualOrderList(std::move(list));
+    FList.assign(order, order + count);
+    if (FRightToLeft) std::reverse(FList.begin(), FList.end());
+    const std::int32_t least = *std::min_element(FList.begin(), FList.end());
+    for (std::int32_t& entry : FList) entry -= least;
+    FLine->SetVisualOrderList(FList);
   }
 
   void AddTextRun(std::int32_t start, std::int32_t end, bool rightToLeft) {
@@ -91,15 +94,17 @@ class TFrameBuilder {
   std::u16string_view FText;
   fmx::TAlphaColor FColor;
   bool FRightToLeft;
-  std::unique_ptr<TGPUFrame> FFrame = std::make_unique<TGPUFrame>();
-  std::shared_ptr<TUCS4List> FAtoms = std::make_shared<TUCS4List>();
+  std::unique_ptr<TGPUFrame> FFrame;
+  std::vector<std::int32_t> FList;  // the visual order of a paragraph
   TGPULine* FLine = nullptr;  // the one that runs are added to
 };
 
 }  // namespace
 
-std::unique_ptr<TGPUFrame> TTextLayoutNGOrv::CreateFrame() {
-  TFrameBuilder builder(Text(), Color(), RightToLeft());
+std::unique_ptr<TGPUFrame> TTextLayoutNGOrv::CreateFrame(std::unique_ptr<TFrameStore> store) {
+  if (!store) store = std::make_unique<TFrameStore>();
+  store->Reset(TOrvGlobalSettings::Corrections);
+  TFrameBuilder builder(std::move(store), Text(), Color(), RightToLeft());
   if (Text().empty()) return builder.EmptyText();
   FCharSequence = Text();
   return builder.Build(TDirectiveChars::SplitByDirection(FCharSequence, TParagraphBidi::AutoRightToLeft));

@@ -1,6 +1,7 @@
 // The layout pass: the loops over lines, runs and glyphs.
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "fmx/Log.h"
 #include "rtl/Assertions.h"
@@ -20,15 +21,23 @@ TLayoutPass::TLayoutPass(TTextLayoutNGOrv& layout, TGPUFrame& frame)
       FTrimming(layout.Trimming()),
       FRightToLeft(layout.RightToLeft()),
       FMaxSize(layout.MaxSize()),
+      FTrimsLine(!FWordWrap && FTrimming != fmx::TTextTrimming::None && Corrects(TOrvCorrection::TrimLine)),
       FScaleFactor(layout.ScaleFactor()),
       FMaxWidth(layout.MaxSize().X - layout.Padding().Left - layout.Padding().Right) {}
 
+// Wrapping puts the rest of a line behind it; a rest waits with the lines below it, so that each line is added once.
 void TLayoutPass::Run() {
-  for (std::int32_t i = 0; i < FFrame.Count(); ++i) {  // wrapping adds lines
-    MeasureLine(i);
-    const TGPULine& line = FFrame.Line(i);
+  std::vector<TStored<TGPULine>> waiting;  // the next one last
+  while (!FFrame.IsEmpty()) waiting.push_back(FFrame.TakeLast());
+  while (!waiting.empty()) {
+    FFrame.Add(std::move(waiting.back()));
+    waiting.pop_back();
+    const std::int32_t index = FFrame.Count() - 1;
+    MeasureLine(index);
+    const TGPULine& line = FFrame.Line(index);
     FFrame.SetWidth(std::max(FFrame.Width(), line.Width()));
     FFrame.SetHeight(FFrame.Height() + line.Height());
+    while (FFrame.Count() > index + 1) waiting.push_back(FFrame.TakeLast());
   }
   Align();
   Clip();
@@ -41,6 +50,7 @@ void TLayoutPass::MeasureLine(std::int32_t lineIndex) {
   Log::d("DoRenderLayout: -- LineIndex: %d", lineIndex);
   TGPULine& line = FFrame.Line(lineIndex);
   line.ResetSize();
+  if (Corrects(TOrvCorrection::TabSplit)) line.SplitLeadingTabs(FLayout.Text(), FRightToLeft);
   for (std::int32_t i = 0; i < line.Count(); ++i) {  // splitting adds and takes runs
     Log::d("DoRenderLayout: ---- RunIndex: %d:%d", lineIndex, i);
     TGPURun& run = PickRun(line, i);
@@ -53,6 +63,7 @@ void TLayoutPass::MeasureLine(std::int32_t lineIndex) {
     const TMeasured m{line, i, run, FLayout.DictionaryOf(run), FLayout.GetFontFor(run)};
     if (const auto overflow = MeasureGlyphs(m)) BreakRun(m, *overflow, lineIndex, i);
   }
+  if (FTrimsLine) TrimLine(line);
 }
 
 // Wrapping breaks the text at its logical end; without it, what does not fit goes from the far side of the reading.
@@ -95,13 +106,19 @@ bool TLayoutPass::MeasureByRenderer(TGPULine& line, std::int32_t lineIndex, std:
   return true;
 }
 
-// A run of no text makes its line as high as a bar, and 1 wide.
+// A run of no text makes its line as high as a bar, and 1 wide; beside other runs it has no width (EmptyRun).
 void TLayoutPass::MeasureEmptyRun(TGPULine& line, TGPURun& run) const {
   const fmx::TFont& font = FLayout.GetFontFor(run);
   const fmx::TCharRec& bar =
       TGPURun::AddOrGetCharGlyph(nullptr, U'|', FLayout.DictionaryOf(run), font, FLayout.Scale());
+  const float height = Scaled(bar.Glyph.VerticalAdvance);
+  if (line.Count() > 1 && Corrects(TOrvCorrection::EmptyRun)) {
+    line.MakeAtLeastAsHighAs(height);
+    run.SetImageRect({0, 0, 0, height});
+    return;
+  }
   line.SetWidth(1);
-  line.SetHeight(Scaled(bar.Glyph.VerticalAdvance));
+  line.SetHeight(height);
   run.SetImageRect({0, 0, line.Width(), line.Height()});
 }
 
@@ -115,12 +132,13 @@ std::optional<std::int32_t> TLayoutPass::MeasureGlyphs(const TMeasured& m) {
     float height = 0;
     if (m.Run.Atom(k) == U'\t') {
       advance = Scaled(FLayout.GetNextTab(m.Run, k, m.Line.Width()));
+      if (Corrects(TOrvCorrection::TabHeight)) height = Scaled(BlankOf(m).VerticalAdvance);
     } else {
       const fmx::TFontGlyph& glyph = GlyphOf(m, k).Glyph;
       advance = Scaled(glyph.Advance);
       height = Scaled(glyph.VerticalAdvance);
     }
-    if (Overflows(m, advance)) return k;
+    if (Overflows(m, k, advance)) return k;
     m.Run.Widen(advance);
     m.Run.MakeAtLeastAsHighAs(height);
     m.Line.SetWidth(m.Line.Width() + advance);
@@ -129,10 +147,17 @@ std::optional<std::int32_t> TLayoutPass::MeasureGlyphs(const TMeasured& m) {
   return std::nullopt;
 }
 
-// The first glyph of a run is not asked, so that every run keeps one on its line.
-bool TLayoutPass::Overflows(const TMeasured& m, float advance) const {
-  if (!(m.Run.GetWidth() > 0) || !(FWordWrap || FTrimming != fmx::TTextTrimming::None)) return false;
-  return m.Line.Width() + advance > FMaxWidth;
+bool TLayoutPass::Overflows(const TMeasured& m, std::int32_t atom, float advance) const {
+  return MayOverflow(m, atom) && m.Line.Width() + advance > FMaxWidth;
+}
+
+// A run that has no width yet is not asked, so that every run keeps a glyph on its line. With FirstGlyph the first glyph
+// of a run that is not the line's first is, but for a tab. A line that is trimmed as a whole is measured to its end
+// (TrimLine).
+bool TLayoutPass::MayOverflow(const TMeasured& m, std::int32_t atom) const {
+  if (!FWordWrap) return FTrimming != fmx::TTextTrimming::None && !FTrimsLine && m.Run.GetWidth() > 0;
+  const bool isFirstGlyph = atom == 0 && m.RunIndex > 0 && m.Run.Atom(0) != U'\t';
+  return m.Run.GetWidth() > 0 || (isFirstGlyph && Corrects(TOrvCorrection::FirstGlyph));
 }
 
 // --- Behind an overflow ---
@@ -167,6 +192,10 @@ void TLayoutPass::AddEllipsis(const TMeasured& m) {
 
 const fmx::TCharRec& TLayoutPass::GlyphOf(const TMeasured& m, std::int32_t atom) const {
   return m.Run.AddOrGetAtomGlyph(nullptr, atom, m.Dic, m.Font, FLayout.Scale());
+}
+
+const fmx::TFontGlyph& TLayoutPass::BlankOf(const TMeasured& m) const {
+  return TGPURun::AddOrGetCharGlyph(nullptr, U' ', m.Dic, m.Font, FLayout.Scale()).Glyph;
 }
 
 float TLayoutPass::AdvanceOf(const TMeasured& m, std::int32_t atom) const {

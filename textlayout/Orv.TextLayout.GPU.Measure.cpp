@@ -74,8 +74,8 @@ class TRangeWalk {
     std::int32_t atomPos = run.StartIndex();
     for (std::int32_t i = 0; i < run.UCS4Length(); ++i) {
       const float advance = Advance(line, run, i, dic);
-      std::int32_t folded = AtomParts(run.Atom(i)) - 1;
       const std::int32_t own = OwnUnits(run.Atom(i));
+      std::int32_t folded = AtomParts(run.Atom(i)) - 1;
       if (atomPos + folded >= FPos) {
         // A range that starts within a ligature takes its whole box: no letter of it has one of its own.
         if (atomPos < FPos) folded = 0;
@@ -90,12 +90,18 @@ class TRangeWalk {
     return box;
   }
 
-  // Logical units, below 0 in a run that goes to the left. A tab is measured from the end of the line, and keeps that
-  // as its advance.
+  // Device pixels. By the rules a tab is measured from the end of the line, and keeps that as its advance; with
+  // TabMeasure it is what it was laid out as.
+  float TabAdvance(const TGPULine& line, TGPURun& run, std::int32_t index) const {
+    if (run.Corrects(TOrvCorrection::TabMeasure)) return FLayout.GetTabAdvance(run, index);
+    return FLayout.GetNextTab(run, index, line.Width());
+  }
+
+  // Logical units, below 0 in a run that goes to the left.
   float Advance(const TGPULine& line, TGPURun& run, std::int32_t index, TAtomDic& dic) const {
     const float advance =
         run.Atom(index) == U'\t'
-            ? FLayout.GetNextTab(run, index, line.Width())
+            ? TabAdvance(line, run, index)
             : run.AddOrGetAtomGlyph(nullptr, index, dic, FLayout.GetFontFor(run), FLayout.Scale()).Glyph.Advance;
     return advance * FLayout.ScaleFactor() * (run.RightToLeft() ? -1.0F : 1.0F);
   }
@@ -109,6 +115,24 @@ class TRangeWalk {
 
 void Collapse(fmx::TRectF& rect, bool toTheLeft) {
   (toTheLeft ? rect.Right : rect.Left) = toTheLeft ? rect.Left : rect.Right;
+}
+
+// Whether the last unit has a place in the frame: in its last run.
+bool HoldsLastUnit(const TGPUFrame& frame, std::int32_t textLength) {
+  if (frame.IsEmpty() || frame.Line(frame.Count() - 1).IsEmpty()) return false;
+  const TGPULine& line = frame.Line(frame.Count() - 1);
+  const TGPURun& run = line.Item(line.Count() - 1);
+  return run.StartIndex() < textLength && run.EndIndex() >= textLength;
+}
+
+// The reading end of the last line's last run, or the place of an empty one (EndRegion).
+fmx::TRegion EndOfLastRun(const TGPUFrame& frame, bool rightToLeft) {
+  if (frame.IsEmpty() || frame.Line(frame.Count() - 1).IsEmpty()) return {};
+  const TGPULine& line = frame.Line(frame.Count() - 1);
+  const TGPURun& run = line.Item(line.Count() - 1);
+  const fmx::TRectF& box = run.ImageRect();
+  const float x = rightToLeft || run.Length() == 0 ? box.Left : box.Right;
+  return {fmx::TRectF{x, 0, x, line.Height()}.Offset(line.TopLeft())};
 }
 
 }  // namespace
@@ -147,6 +171,9 @@ fmx::TRegion TTextLayoutNGOrv::DoRegionForRange(fmx::TTextRange range) {
   if (isEnd && length > 0) {
     region = MeasureRange(length - 1, 1);
     for (fmx::TRectF& rect : region) Collapse(rect, RightToLeft());
+    const TGPUFrame& measured = FUnclippedFrame ? *FUnclippedFrame : *FFrame;
+    if (FFrame->Store().Corrects(TOrvCorrection::EndRegion) && (region.empty() || !HoldsLastUnit(measured, length)))
+      region = EndOfLastRun(*FFrame, RightToLeft());
   } else {
     if (!isEnd) region = MeasureRange(range.Pos, range.Length);
     if (region.empty()) return {PlaceOfNothing()};

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "textlayout/Orv.TextLayout.GPU.h"
 
@@ -32,7 +33,7 @@ class TLayoutPass {
     std::int32_t Next = 0;
     float Removed = 0;  // of the widths: what had been added for text that moved on or went
     float Excess = 0;   // likewise, where it is above 0
-    std::unique_ptr<TGPULine> SplitLine;
+    TStored<TGPULine> SplitLine;
   };
 
   // --- Measuring ---
@@ -43,7 +44,8 @@ class TLayoutPass {
   bool MeasureByRenderer(TGPULine& line, std::int32_t lineIndex, std::int32_t& runIndex, TGPURun& run);
   void MeasureEmptyRun(TGPULine& line, TGPURun& run) const;
   std::optional<std::int32_t> MeasureGlyphs(const TMeasured& m);
-  bool Overflows(const TMeasured& m, float advance) const;
+  bool Overflows(const TMeasured& m, std::int32_t atom, float advance) const;
+  bool MayOverflow(const TMeasured& m, std::int32_t atom) const;
   void BreakRun(const TMeasured& m, std::int32_t overflow, std::int32_t lineIndex, std::int32_t& runIndex);
   void TakeOff(const TMeasured& m, float width) const;
   void AddEllipsis(const TMeasured& m);
@@ -61,6 +63,8 @@ class TLayoutPass {
   void BeginTrimming(float overflowAdvance);
   void FitBefore(const TMeasured& m, TBreak& made) const;
   std::int32_t CutFor(const TGPURun& run, std::int32_t next) const;
+  void TrimLine(TGPULine& line);
+  void CutBehind(TGPULine& line, TGPURun& run, std::int32_t atom, const std::vector<TGPURun*>& runs) const;
 
   // --- Alignment ---
   void Align();
@@ -79,7 +83,9 @@ class TLayoutPass {
   void ClipFirstAtoms(TGPULine& line, TGPURun& run) const;
   void ClipFirstPart(TGPULine& line, TGPURun& run) const;
   void ClipRight(TGPULine& line) const;
+  bool KeepsLast(std::int32_t count) const { return count == 1 && Corrects(TOrvCorrection::KeepOneRun); }
   void ClipLastAtoms(TGPULine& line, TGPURun& run) const;
+  void ClipLastAtomsWhole(TGPULine& line, TGPURun& run) const;
   void ClipLastPart(TGPULine& line, TGPURun& run) const;
   void DeleteFromVisualStart(TGPURun& run, std::int32_t count) const;
   void DeleteFromVisualEnd(TGPURun& run, std::int32_t count) const;
@@ -87,11 +93,14 @@ class TLayoutPass {
 
   // --- Glyphs; advances in device pixels ---
   const fmx::TCharRec& GlyphOf(const TMeasured& m, std::int32_t atom) const;
+  const fmx::TFontGlyph& BlankOf(const TMeasured& m) const;
   float AdvanceOf(const TMeasured& m, std::int32_t atom) const;
   float AdvanceOf(const TGPURun& run, std::int32_t atom) const;
   // Of the atoms from first up to but not including end, held within the run.
   float SumOfAdvances(const TMeasured& m, const TGPURun& run, std::int32_t first, std::int32_t end) const;
   float Scaled(float devicePixels) const { return devicePixels * FScaleFactor; }
+
+  bool Corrects(TOrvCorrection correction) const { return FFrame.Store().Corrects(correction); }
 
   static constexpr float TrimEndUnset = -100;
 
@@ -101,6 +110,7 @@ class TLayoutPass {
   const fmx::TTextTrimming FTrimming;
   const bool FRightToLeft;
   const fmx::TPointF FMaxSize;
+  const bool FTrimsLine;  // each line as a whole
   const float FScaleFactor;
   const float FMaxWidth;
   // Kept from one overflow of the render to the next: the room for a trimmed text is that at the first, and the count

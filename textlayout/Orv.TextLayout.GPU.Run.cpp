@@ -1,7 +1,9 @@
 #include "textlayout/Orv.TextLayout.GPU.Run.h"
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
+#include <numeric>
 #include <string>
 #include <utility>
 
@@ -28,14 +30,6 @@ bool DigitsAreLatin() {
 
 }  // namespace
 
-int AtomParts(UCS4Char atom) {
-  return TDirectiveChars::CharactersCount(atom);
-}
-
-int AtomUnits(UCS4Char atom) {
-  return TDirectiveChars::CharactersCountEx(atom);
-}
-
 TSplitIndex TSplitIndex::Of(std::int32_t utf32Index, std::int32_t utf16Index) {
   return {Narrowed(utf32Index), Narrowed(utf16Index)};
 }
@@ -45,7 +39,7 @@ float TDrawTagRec::TabAdvance() const {
   return Value;
 }
 
-TGPURun::TGPURun(std::shared_ptr<TUCS4List> atoms) : FAtoms(atoms ? std::move(atoms) : std::make_shared<TUCS4List>()) {}
+TGPURun::TGPURun(TFrameStore& store) : FStore(&store) {}
 
 TGPURun::~TGPURun() = default;
 
@@ -56,49 +50,78 @@ void TGPURun::SetText(std::u16string_view text, std::int32_t start, std::int32_t
   FStartIndex = std::clamp(start, 0, size);
   SetLength(std::clamp(length, 0, size - FStartIndex));
   FRightToLeft = rightToLeft;
-  FFirstAtom = static_cast<std::int32_t>(FAtoms->size());
-  AppendUtf16(text.substr(static_cast<std::size_t>(FStartIndex), static_cast<std::size_t>(FLength)), *FAtoms);
-  FAtomCount = static_cast<std::int32_t>(FAtoms->size()) - FFirstAtom;
+  TUCS4List& atoms = FStore->Atoms;
+  FFirstAtom = static_cast<std::int32_t>(atoms.size());
+  AppendUtf16(text.substr(static_cast<std::size_t>(FStartIndex), static_cast<std::size_t>(FLength)), atoms);
+  FAtomCount = static_cast<std::int32_t>(atoms.size()) - FFirstAtom;
 }
 
 std::span<const UCS4Char> TGPURun::Atoms() const {
-  return std::span(*FAtoms).subspan(static_cast<std::size_t>(FFirstAtom), static_cast<std::size_t>(FAtomCount));
+  return std::span(FStore->Atoms).subspan(static_cast<std::size_t>(FFirstAtom), static_cast<std::size_t>(FAtomCount));
 }
 
-UCS4Char TGPURun::Atom(std::int32_t index) const {
-  return index >= 0 && index < FAtomCount ? Atoms()[static_cast<std::size_t>(index)] : 0;
+std::span<UCS4Char> TGPURun::MutableAtoms() {
+  return std::span(FStore->Atoms).subspan(static_cast<std::size_t>(FFirstAtom), static_cast<std::size_t>(FAtomCount));
 }
+
+// --- The units of the atoms ---
 
 std::int32_t TGPURun::UCS4IndexToUTF16Index(std::int32_t index) const {
-  ORV_ASSERT(FLength >= FAtomCount, "A run has more atoms than units");
-  const std::int32_t folded = FLength - FAtomCount;
-  if (folded == 0 || index < 0) return index;
-  std::int32_t sum = 0;
-  for (std::int32_t i = 0; i < FAtomCount && i <= index && sum != folded; ++i) sum += AtomUnits(Atom(i)) - 1;
-  return index + sum;
+  return Corrects(TOrvCorrection::SourceUnits) ? UnitOf(index) : EstimatedUnit(index);
 }
 
 std::int32_t TGPURun::UTF16IndexToUCS4Index(std::int32_t index) const {
+  return Corrects(TOrvCorrection::SourceUnits) ? AtomOf(index) : EstimatedAtom(index);
+}
+
+std::int32_t TGPURun::UnitOf(std::int32_t atom) const {
+  if (atom < 0) return atom;
+  const auto atoms = Atoms().first(static_cast<std::size_t>(std::min(atom, FAtomCount)));
+  const auto add = [](std::int32_t sum, UCS4Char each) { return sum + AtomUnits(each); };
+  return std::min(std::accumulate(atoms.begin(), atoms.end(), std::max(atom - FAtomCount, 0), add), FLength);
+}
+
+std::int32_t TGPURun::AtomOf(std::int32_t unit) const {
+  std::int32_t end = 0;
+  for (std::int32_t atom = 0; atom < FAtomCount; ++atom) {
+    end += AtomUnits(Atom(atom));
+    if (end > unit) return atom;
+  }
+  return FAtomCount + unit - end;
+}
+
+std::int32_t TGPURun::EstimatedUnit(std::int32_t atom) const {
   ORV_ASSERT(FLength >= FAtomCount, "A run has more atoms than units");
   const std::int32_t folded = FLength - FAtomCount;
-  if (folded == 0) return index;
+  if (folded == 0 || atom < 0) return atom;
+  std::int32_t sum = 0;
+  for (std::int32_t i = 0; i < FAtomCount && i <= atom && sum != folded; ++i) sum += AtomUnits(Atom(i)) - 1;
+  return atom + sum;
+}
+
+std::int32_t TGPURun::EstimatedAtom(std::int32_t unit) const {
+  ORV_ASSERT(FLength >= FAtomCount, "A run has more atoms than units");
+  const std::int32_t folded = FLength - FAtomCount;
+  if (folded == 0) return unit;
   std::int32_t sum = 0;
   std::int32_t position = 0;
-  for (std::int32_t i = 0; i < FAtomCount && position <= index; ++i) {
+  for (std::int32_t i = 0; i < FAtomCount && position <= unit; ++i) {
     const std::int32_t units = AtomUnits(Atom(i));
     sum += units - 1;
     if (sum == folded) break;
     position += units;
   }
-  return index - sum;
+  return unit - sum;
 }
 
-std::unique_ptr<TGPURun> TGPURun::SplitSkipping(TSplitIndex at, std::int32_t skipped) {
+// --- Splitting and deleting ---
+
+TStored<TGPURun> TGPURun::SplitSkipping(TSplitIndex at, std::int32_t skipped) {
   const std::int32_t units = std::clamp<std::int32_t>(at.Utf16Index, 0, FLength);
   const std::int32_t atoms = std::clamp<std::int32_t>(at.Utf32Index, 0, FAtomCount);
   const std::int32_t skippedUnits = std::min(skipped, FLength - units);
   const std::int32_t skippedAtoms = std::min(skipped, FAtomCount - atoms);
-  auto rest = std::make_unique<TGPURun>(FAtoms);
+  auto rest = FStore->New<TGPURun>(*FStore);
   rest->FStartIndex = FStartIndex + units + skippedUnits;
   rest->FLength = FLength - units - skippedUnits;
   rest->FFirstAtom = FFirstAtom + atoms + skippedAtoms;
@@ -107,29 +130,41 @@ std::unique_ptr<TGPURun> TGPURun::SplitSkipping(TSplitIndex at, std::int32_t ski
   rest->FColor = FColor;
   rest->FIsDefaultColor = FIsDefaultColor;
   rest->FFont = FFont;
+  const std::int32_t kept = atoms + skippedAtoms;
+  if (Corrects(TOrvCorrection::TabTags) && !FDrawTags.empty())
+    rest->FDrawTags.assign(FDrawTags.begin() + std::min<std::ptrdiff_t>(kept, std::ssize(FDrawTags)), FDrawTags.end());
   FLength = units;
   FAtomCount = atoms;
   return rest;
 }
 
-std::unique_ptr<TGPURun> TGPURun::Split(TSplitIndex at) {
+TStored<TGPURun> TGPURun::Split(TSplitIndex at) {
   return SplitSkipping(at, 0);
 }
 
-std::unique_ptr<TGPURun> TGPURun::SplitAndSkipSpace(TSplitIndex at) {
+TStored<TGPURun> TGPURun::SplitAndSkipSpace(TSplitIndex at) {
   return SplitSkipping(at, 1);
+}
+
+// What the run's length loses with the atom.
+std::int32_t TGPURun::UnitsOfDeleted(std::int32_t index) const {
+  const std::int32_t units = Corrects(TOrvCorrection::DeleteUnits) ? AtomUnits(Atom(index)) : OwnUnits(Atom(index));
+  return std::min(units, FLength);
 }
 
 void TGPURun::DeleteTextFromEnd(std::int32_t count) {
   for (count = std::clamp(count, 0, FAtomCount); count > 0; --count) {
-    FLength -= OwnUnits(Atom(FAtomCount - 1));
+    FLength -= UnitsOfDeleted(FAtomCount - 1);
     --FAtomCount;
   }
 }
 
 void TGPURun::DeleteTextFromStart(std::int32_t count) {
-  for (count = std::clamp(count, 0, FAtomCount); count > 0; --count) {
-    const std::int32_t units = OwnUnits(Atom(0));
+  count = std::clamp(count, 0, FAtomCount);
+  if (Corrects(TOrvCorrection::TabTags) && !FDrawTags.empty())
+    FDrawTags.erase(FDrawTags.begin(), FDrawTags.begin() + std::min<std::ptrdiff_t>(count, std::ssize(FDrawTags)));
+  for (; count > 0; --count) {
+    const std::int32_t units = UnitsOfDeleted(0);
     FStartIndex += units;
     FLength -= units;
     ++FFirstAtom;
@@ -139,40 +174,27 @@ void TGPURun::DeleteTextFromStart(std::int32_t count) {
 
 // --- Presentation forms ---
 
-// Transforms the atoms in place; the transforms may shorten a list, never lengthen it.
-template <typename TTransform>
-void TGPURun::Transform(TTransform transform) {
-  thread_local TUCS4List scratch;
-  const auto atoms = Atoms();
-  scratch.assign(atoms.begin(), atoms.end());
-  transform(scratch);
-  const bool isLast = AtomsEnd() == FAtoms->size();
-  FAtomCount = std::min(FAtomCount, static_cast<std::int32_t>(scratch.size()));
-  std::copy_n(scratch.begin(), FAtomCount, FAtoms->begin() + FFirstAtom);
-  if (isLast) FAtoms->resize(AtomsEnd());
-}
-
 void TGPURun::PrepareArabicDigits() {
-  if (!DigitsAreLatin()) Transform(TUCS4ListHelper::ChangeToArabicDigits);
+  if (!DigitsAreLatin()) TUCS4ListHelper::ChangeToArabicDigits(MutableAtoms());
 }
 
 void TGPURun::PrepareComplexArabicCombinations() {
   if (!FRightToLeft) return;
-  Transform([](TUCS4List& list) {
-    TUCS4ListHelper::ChangeToComplexCharacters(list, true);
-    if (!DigitsAreLatin()) TUCS4ListHelper::ChangeToArabicDigits(list);
-  });
+  const bool isLast = static_cast<std::size_t>(FFirstAtom + FAtomCount) == FStore->Atoms.size();
+  FAtomCount = static_cast<std::int32_t>(TUCS4ListHelper::ShapeInPlace(MutableAtoms()));
+  if (isLast) FStore->Atoms.resize(static_cast<std::size_t>(FFirstAtom + FAtomCount));
+  PrepareArabicDigits();
 }
 
 void TGPURun::ReplaceQuoteMeasuresToPrimes(const TGPURun* previous) {
   if (!FRightToLeft || previous == nullptr) {
-    Transform(TUCS4ListHelper::ReplaceQuotesWithPrimes);
+    TUCS4ListHelper::ReplaceQuotesWithPrimes(MutableAtoms());
     return;
   }
   const UCS4Char first = Atom(0);
   const bool closesMeasure = (first == U'\'' || first == U'"') && !previous->FRightToLeft &&
                              rtl::IsNumber(previous->Atom(previous->FAtomCount - 1));
-  if (closesMeasure) TUCS4ListHelper::QuoteToReversePrime((*FAtoms)[static_cast<std::size_t>(FFirstAtom)]);
+  if (closesMeasure) TUCS4ListHelper::QuoteToReversePrime(MutableAtoms().front());
 }
 
 // --- Look and place ---
@@ -213,6 +235,7 @@ TDrawTagRec TGPURun::DrawTag(std::int32_t index) const {
 
 void TGPURun::UpdateTextLayout(std::shared_ptr<fmx::TFont> font, std::int32_t line, TTextLayoutNGOrv& layout) {
   if (!FInternalTextLayout) FInternalTextLayout = TInternalTextLayout::CreateInternalTextLayout();
+  FStore->HasRenderers = true;
   FInternalTextLayout->Attach(layout, line, *this);
   FFont = std::move(font);
 }

@@ -14,6 +14,7 @@
 #include "fmx/Colors.h"
 #include "fmx/Font.h"
 #include "fmx/Geometry.h"
+#include "textlayout/Orv.TextLayout.GPU.Store.h"
 #include "unicode/Unicode.Text.UCS4.h"
 
 namespace fmx {
@@ -28,8 +29,15 @@ class TInternalTextLayout;
 class TTextLayoutNGOrv;
 
 // How many letters the atom stands for: 1, or 2 and 3 for ligatures. The same in units: 2 from U+10000 on.
-int AtomParts(UCS4Char atom);
-int AtomUnits(UCS4Char atom);
+constexpr std::int32_t AtomParts(UCS4Char atom) {
+  if (atom < 0xFB2A || atom > 0xFEFC) return 1;
+  if (atom <= 0xFB4F) return atom == 0xFB2C || atom == 0xFB2D ? 3 : 2;
+  if (atom >= 0xFEF5 || (atom >= 0xFC5E && atom <= 0xFD3D)) return 2;
+  return atom == 0xFDF2 ? 3 : 1;
+}
+constexpr std::int32_t AtomUnits(UCS4Char atom) {
+  return atom >= 0x10000 ? 2 : AtomParts(atom);
+}
 // The units of the atom's own code point: 1 or 2.
 constexpr std::int32_t OwnUnits(UCS4Char atom) {
   return atom >= 0x10000 ? 2 : 1;
@@ -61,8 +69,8 @@ class TGPURun {
  public:
   using TInternalTextLayout = orv::TInternalTextLayout;
 
-  // Runs of one frame keep their atoms in one list; a run made without one has a list of its own.
-  explicit TGPURun(std::shared_ptr<TUCS4List> atoms = nullptr);
+  // Of the frame with that store, which it borrows.
+  explicit TGPURun(TFrameStore& store);
   ~TGPURun();
   TGPURun(const TGPURun&) = delete;
   TGPURun& operator=(const TGPURun&) = delete;
@@ -79,25 +87,31 @@ class TGPURun {
   std::int32_t Length() const { return FLength; }
   std::int32_t EndIndex() const { return FStartIndex + FLength; }
   bool RightToLeft() const { return FRightToLeft; }
+  bool Corrects(TOrvCorrection correction) const { return FStore->Corrects(correction); }
 
   // In logical order. The view holds until the run changes or another run of the frame takes a text.
   std::span<const UCS4Char> Atoms() const;
   std::int32_t UCS4Length() const { return FAtomCount; }
   // 0 where there is none.
-  UCS4Char Atom(std::int32_t index) const;
+  UCS4Char Atom(std::int32_t index) const {
+    return index >= 0 && index < FAtomCount ? FStore->Atoms[static_cast<std::size_t>(FFirstAtom + index)] : 0;
+  }
   // The atom that is drawn at that place, counted from the left.
   std::int32_t DrawnAtomIndex(std::int32_t place) const { return FRightToLeft ? FAtomCount - 1 - place : place; }
 
-  // Source position of an atom, and atom of a source position; see AtomUnits. Where atoms are folded both are
-  // estimates: the first counts the atom's own folded units with those before it, and the second may be -1.
+  // Source position of an atom, and atom of a source position, within the run; see AtomUnits. With SourceUnits these are
+  // the units of the atoms before it, and the atom that holds the unit; behind the run both count on by ones. By the
+  // rules both are estimates: the first counts the atom's own folded units with those before it, and the second may be
+  // -1.
   std::int32_t UCS4IndexToUTF16Index(std::int32_t index) const;
   std::int32_t UTF16IndexToUCS4Index(std::int32_t index) const;
 
   // The part from the split on, as a run of its own with the same direction, colour and font, and without draw tags.
-  std::unique_ptr<TGPURun> Split(TSplitIndex at);
+  TStored<TGPURun> Split(TSplitIndex at);
   // As Split, but the unit at the split belongs to neither run.
-  std::unique_ptr<TGPURun> SplitAndSkipSpace(TSplitIndex at);
-  // Drops atoms and their own units: what folded atoms stand for beyond that stays in the length.
+  TStored<TGPURun> SplitAndSkipSpace(TSplitIndex at);
+  // Drops atoms with the units that they stand for; by the rules with their own units alone, so that what folded atoms
+  // stand for beyond that stays in the length (DeleteUnits).
   void DeleteTextFromEnd(std::int32_t count);
   void DeleteTextFromStart(std::int32_t count);
 
@@ -138,7 +152,8 @@ class TGPURun {
 
   // --- Draw tags ---
 
-  // One per atom, where there are any.
+  // One per atom, where there are any. They stay behind when atoms before them go, and with a split; with TabTags they
+  // move with their atoms.
   void EnsureDrawTagsPresence();
   void SetDrawTag(std::int32_t index, TDrawTagRec tag);
   // None where there is none.
@@ -161,14 +176,16 @@ class TGPURun {
                                                 const fmx::TFont& font, float scale, bool path = false);
 
  private:
-  std::unique_ptr<TGPURun> SplitSkipping(TSplitIndex at, std::int32_t skipped);
-  template <typename TTransform>
-  void Transform(TTransform transform);
-  // Behind the run's last atom, in the list that runs share.
-  std::size_t AtomsEnd() const { return static_cast<std::size_t>(FFirstAtom) + static_cast<std::size_t>(FAtomCount); }
+  TStored<TGPURun> SplitSkipping(TSplitIndex at, std::int32_t skipped);
+  std::int32_t EstimatedUnit(std::int32_t atom) const;
+  std::int32_t EstimatedAtom(std::int32_t unit) const;
+  std::int32_t UnitOf(std::int32_t atom) const;
+  std::int32_t AtomOf(std::int32_t unit) const;
+  std::int32_t UnitsOfDeleted(std::int32_t index) const;
+  std::span<UCS4Char> MutableAtoms();
 
-  std::shared_ptr<TUCS4List> FAtoms;  // shared with the other runs of the frame
-  std::int32_t FFirstAtom = 0;        // of the list
+  TFrameStore* FStore;
+  std::int32_t FFirstAtom = 0;  // of the store's
   std::int32_t FAtomCount = 0;
   std::int32_t FStartIndex = 0;
   std::int32_t FLength = 0;

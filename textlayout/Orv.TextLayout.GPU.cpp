@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <utility>
 
 #include "fmx/Limits.h"
 #include "fmx/Log.h"
@@ -24,7 +25,7 @@ TClass TTextLayoutNGOrv::Class() {
 }
 
 TTextLayoutNGOrv::TTextLayoutNGOrv(fmx::TCanvas* canvas, TClass aClass)
-    : TGPUTextLayout(canvas, aClass), FFrame(std::make_unique<TGPUFrame>()), FStrokeBrush(fmx::TAlphaColors::Black) {
+    : TGPUTextLayout(canvas, aClass), FFrame(std::make_unique<TGPUFrame>(std::make_unique<TFrameStore>())), FStrokeBrush(fmx::TAlphaColors::Black) {
   TakeScale(fmx::ScreenScale());
 }
 
@@ -134,7 +135,8 @@ void TTextLayoutNGOrv::DoRenderLayout() {
     TakeScale(Canvas()->Scale());
   FFontKey = FontKeyOf(Font(), FScale);
   if (FTabSize == 0) FTabSize = 8 * LayoutGlyph(U' ').Glyph.Advance;
-  FFrame = CreateFrame();
+  auto frame = CreateFrame(std::move(FSpareStore));
+  FSpareStore = TGPUFrame::TakeStore(std::exchange(FFrame, std::move(frame)));
   ApplyAttributes(*FFrame);
   TLayoutPass(*this, *FFrame).Run();
   fmx::Log::d("DoRenderLayout:End");

@@ -103,7 +103,7 @@ void TInternalTextLayout::BreakForWrapping(std::int32_t offset, std::int32_t& ru
   const float cut = wordStart != offset ? MeasureText(wordStart, offset).Width() : 0;
   TGPUFrame& frame = FLayout->Frame();
   TGPULine& line = frame.Line(FLine);
-  std::unique_ptr<TGPULine> rest;
+  TStored<TGPULine> rest;
   if (wordStart != start) {
     width -= cut;
     const std::int32_t utf16Index = wordStart - start;

@@ -36,11 +36,27 @@ enum class TOrvCorrection : std::uint8_t {
   LineIndex,     // RTLLineIndexOrder acts by itself
   TatweelJoins,  // a tatweel joins to both sides
   ZwjJoins,      // U+200D joins like a dual-joining letter without a form
+
+  SourceUnits,     // positions count the units that each atom stands for
+  DeleteUnits,     // a deleted ligature counts its source units
+  LigatureHit,     // the far end of a ligature answers its far end
+  HitPlace,        // hits look for lines where they are drawn
+  RightClip,       // a line cut on the right loses whole letters from its far side
+  KeepOneRun,      // clipping leaves one run in a line and one line in a frame
+  VisualOrders,    // a visual order maps visual places to items everywhere
+  EmptyRun,        // an empty run beside others has no width and takes no clicks
+  EndRegion,       // the end of every text has a caret box
+  SelectionOrder,  // a selection colours what it holds
+  FirstGlyph,      // the first glyph of a run wraps too
+  TrimLine,        // a line is cut once, with one ellipsis at its reading end
+  TabSplit,        // what follows a leading tab stands behind it in both orders
+  TabTags,         // the width of a tab moves with it
+  TabMeasure,      // measuring leaves tabs alone
+  TabHeight,       // a tab is as high as a blank
 };
 using TOrvCorrections = rtl::TSet<TOrvCorrection, std::uint64_t>;
-inline constexpr TOrvCorrections AllCorrections{TOrvCorrection::OwnDirection, TOrvCorrection::LineEnds,
-                                                TOrvCorrection::LineIndex, TOrvCorrection::TatweelJoins,
-                                                TOrvCorrection::ZwjJoins};
+inline constexpr TOrvCorrections AllCorrections = TOrvCorrections::Range(TOrvCorrection::OwnDirection,
+                                                                        TOrvCorrection::TabHeight);
 
 // How an editor picks its direction.
 enum class TOrvDirectionSelection : std::uint8_t { Default, ByFormBidiMode, ByTextDiretion, ByTextAlignment };

@@ -5,12 +5,9 @@
 #include "unicode/Unicode.Text.UCS4.h"
 
 namespace orv {
-namespace {
-
-[[maybe_unused]] constexpr std::string_view StandardAssertion = "Assertion failure";
 
 // Brackets, full stops, commas and mathematical signs belong to words, so a word jump does not stop inside "a,b".
-bool IsLexemeChar(UCS4Char c) {
+bool IsLexemeCharacter(UCS4Char c) {
   using rtl::TUnicodeCategory;
   if (rtl::IsLetterOrDigit(c)) return true;
   const TUnicodeCategory category = rtl::GetUnicodeCategory(c);
@@ -18,15 +15,19 @@ bool IsLexemeChar(UCS4Char c) {
          category == TUnicodeCategory::Sm;
 }
 
+namespace {
+
+[[maybe_unused]] constexpr std::string_view StandardAssertion = "Assertion failure";
+
 // Walks back over elements of one class, down to the element whose predecessor is of the other class or does not exist.
 const UCS4Char* BackOver(bool lexeme, const UCS4Char* start, const UCS4Char* current) {
-  while (current > start && IsLexemeChar(current[-1]) == lexeme) --current;
+  while (current > start && IsLexemeCharacter(current[-1]) == lexeme) --current;
   return current;
 }
 
 // Walks on over elements of one class, to the first of the other class, the end, or a 0.
 const UCS4Char* ForwardOver(bool lexeme, const UCS4Char* current, const UCS4Char* end) {
-  while (current != end && *current != 0 && IsLexemeChar(*current) == lexeme) ++current;
+  while (current != end && *current != 0 && IsLexemeCharacter(*current) == lexeme) ++current;
   return current;
 }
 
@@ -56,13 +57,13 @@ bool IsPast(std::span<const UCS4Char> s, std::int32_t index) {
 
 const UCS4Char* GetLexemeBegin(const UCS4Char* start, const UCS4Char* current) {
   if (!IsWalkable(start, current)) return current;
-  if (!IsLexemeChar(*current)) current = BackOver(false, start, current);
+  if (!IsLexemeCharacter(*current)) current = BackOver(false, start, current);
   return BackOver(true, start, current);
 }
 
 const UCS4Char* GetLexemeEnd(const UCS4Char* current) {
   if (current == nullptr || *current == 0) return current;
-  return ForwardOver(IsLexemeChar(*current), current, NoEnd) - 1;
+  return ForwardOver(IsLexemeCharacter(*current), current, NoEnd) - 1;
 }
 
 const UCS4Char* GetNextLexemeBegin(const UCS4Char* current) {
@@ -83,7 +84,7 @@ const UCS4Char* GetPrevLexemeEnd(const UCS4Char* start, const UCS4Char* current)
 std::int32_t GetLexemeBegin(std::span<const UCS4Char> s, std::int32_t index) {
   if (s.empty() || index < 0) return std::max(index, 0);
   const UCS4Char* place = PlaceOf(s, index);
-  if (IsPast(s, index) || !IsLexemeChar(*place)) place = BackOver(false, s.data(), place);
+  if (IsPast(s, index) || !IsLexemeCharacter(*place)) place = BackOver(false, s.data(), place);
   return IndexOf(s, BackOver(true, s.data(), place));
 }
 
@@ -93,7 +94,7 @@ std::int32_t GetLexemeEnd(std::span<const UCS4Char> s, std::int32_t index) {
   if (index < 0) return index;  // stands on a 0
   const UCS4Char* place = PlaceOf(s, index);
   if (*place == 0) return index;
-  return IndexOf(s, ForwardOver(IsLexemeChar(*place), place, s.data() + s.size()) - 1);
+  return IndexOf(s, ForwardOver(IsLexemeCharacter(*place), place, s.data() + s.size()) - 1);
 }
 
 std::int32_t GetNextLexemeBegin(std::span<const UCS4Char> s, std::int32_t index) {

@@ -130,7 +130,7 @@ struct TStretch {
 // The pass over one list.
 class TShaper {
  public:
-  TShaper(TUCS4List& list, const TJoiners& joiners) : FText(list.data()), FCount(list.size()), FJoiners(joiners) {}
+  TShaper(std::span<UCS4Char> list, const TJoiners& joiners) : FText(list.data()), FCount(list.size()), FJoiners(joiners) {}
 
   // Shapes the list and answers how many elements are left.
   std::size_t Run();
@@ -319,8 +319,12 @@ TElement TShaper::ShapeDagesh() {
 
 }  // namespace
 
+std::size_t TUCS4ListHelper::ShapeInPlace(std::span<UCS4Char> list) {
+  return TShaper(list, JoinersInForce()).Run();
+}
+
 void TUCS4ListHelper::ChangeToComplexCharacters(TUCS4List& list, bool /*flag*/) {
-  list.resize(TShaper(list, JoinersInForce()).Run());
+  list.resize(ShapeInPlace(list));
 }
 
 }  // namespace orv

@@ -14,7 +14,7 @@ constexpr bool IsAsciiDigit(UCS4Char c) {
 
 // The first ASCII digit at or behind index, or the list's end. Blocks are tested whole, without a branch inside, so
 // that the compiler can turn the test into vector code: most runs of prose hold no digit.
-std::size_t NextDigit(const TUCS4List& list, std::size_t index) {
+std::size_t NextDigit(std::span<const UCS4Char> list, std::size_t index) {
   constexpr std::size_t block = 16;
   const UCS4Char* const text = list.data();
   const std::size_t count = list.size();
@@ -28,7 +28,7 @@ std::size_t NextDigit(const TUCS4List& list, std::size_t index) {
 }
 
 // A run that begins with a word of another script keeps its digits; one without any letter does not.
-bool KeepsDigits(const TUCS4List& list) {
+bool KeepsDigits(std::span<const UCS4Char> list) {
   for (const UCS4Char c : list)
     if (rtl::IsLetter(c)) return c > 0xFFFF || !TDirectiveChars::IsRTL(static_cast<char16_t>(c));
   return false;
@@ -52,7 +52,7 @@ UCS4Char DigitMark(UCS4Char mark, bool beforeDigit) {
 
 namespace TUCS4ListHelper {
 
-void ChangeToArabicDigits(TUCS4List& list) {
+void ChangeToArabicDigits(std::span<UCS4Char> list) {
   using TDigits = TOrvGlobalSettings::TArabicDigitType;
   const TDigits digits = TOrvGlobalSettings::ArabicDigitType;
   if (digits == TDigits::Latin || KeepsDigits(list)) return;
@@ -65,7 +65,7 @@ void ChangeToArabicDigits(TUCS4List& list) {
   }
 }
 
-void ReplaceQuotesWithPrimes(TUCS4List& list) {
+void ReplaceQuotesWithPrimes(std::span<UCS4Char> list) {
   for (std::size_t i = 1; i < list.size(); ++i) {
     if (list[i] != '"' && list[i] != '\'') continue;
     if (rtl::IsNumber(list[i - 1])) list[i] = list[i] == '"' ? 0x2033 : 0x2032;

@@ -96,7 +96,8 @@ rtl::UnicodeString ToUtf16(std::span<const UCS4Char> s);
 
 // Word walking. A word is a stretch of letters, decimal digits and characters of the categories Pe, Po, Ps and Sm, so
 // "a,b" and "(x)" are one word each; everything else separates words.
-//
+bool IsLexemeCharacter(UCS4Char c);
+
 // Pointer forms: start is the first element of a zero-terminated block, current lies in it and not before start
 // (assertion). A null current is returned as it came. GetPrevLexemeBegin and GetPrevLexemeEnd read the element before
 // current, so current must not be start.
@@ -120,13 +121,15 @@ namespace TUCS4ListHelper {
 // ASCII digits become Arabic-Indic ones as ArabicDigitType says, and an apostrophe or percent sign right behind a digit
 // and a full stop between two digits become the Arabic marks. A run whose first letter is not right-to-left keeps all
 // of them.
-void ChangeToArabicDigits(TUCS4List& list);
+void ChangeToArabicDigits(std::span<UCS4Char> list);
 
 // Contextual Arabic forms, Hebrew letters with their points, mirrored brackets. The flag is not read.
 void ChangeToComplexCharacters(TUCS4List& list, bool flag = true);
+// The same for a part of a list. Answers how many elements are left; what stands behind them is left over.
+std::size_t ShapeInPlace(std::span<UCS4Char> list);
 
 // A quote right behind a number becomes a prime (U+2032) or double prime (U+2033).
-void ReplaceQuotesWithPrimes(TUCS4List& list);
+void ReplaceQuotesWithPrimes(std::span<UCS4Char> list);
 
 // U+0022 becomes U+2036, U+0027 becomes U+2035, anything else stays.
 void QuoteToReversePrime(UCS4Char& c);

@@ -29,11 +29,28 @@ inline constexpr TNamed<TOrvGlobalOption> OptionNames[] = {
     {"AcceptsLineFeedAsParagraphSeparator", TOrvGlobalOption::AcceptsLineFeedAsParagraphSeparator},
     {"WeakFollowLineDirection", TOrvGlobalOption::WeakFollowLineDirection}};
 
-inline constexpr TNamed<TOrvCorrection> CorrectionNames[] = {{"OwnDirection", TOrvCorrection::OwnDirection},
-                                                             {"LineEnds", TOrvCorrection::LineEnds},
-                                                             {"LineIndex", TOrvCorrection::LineIndex},
-                                                             {"TatweelJoins", TOrvCorrection::TatweelJoins},
-                                                             {"ZwjJoins", TOrvCorrection::ZwjJoins}};
+inline constexpr TNamed<TOrvCorrection> CorrectionNames[] = {
+    {"OwnDirection", TOrvCorrection::OwnDirection},
+    {"LineEnds", TOrvCorrection::LineEnds},
+    {"LineIndex", TOrvCorrection::LineIndex},
+    {"TatweelJoins", TOrvCorrection::TatweelJoins},
+    {"ZwjJoins", TOrvCorrection::ZwjJoins},
+    {"SourceUnits", TOrvCorrection::SourceUnits},
+    {"DeleteUnits", TOrvCorrection::DeleteUnits},
+    {"LigatureHit", TOrvCorrection::LigatureHit},
+    {"HitPlace", TOrvCorrection::HitPlace},
+    {"RightClip", TOrvCorrection::RightClip},
+    {"KeepOneRun", TOrvCorrection::KeepOneRun},
+    {"VisualOrders", TOrvCorrection::VisualOrders},
+    {"EmptyRun", TOrvCorrection::EmptyRun},
+    {"EndRegion", TOrvCorrection::EndRegion},
+    {"SelectionOrder", TOrvCorrection::SelectionOrder},
+    {"FirstGlyph", TOrvCorrection::FirstGlyph},
+    {"TrimLine", TOrvCorrection::TrimLine},
+    {"TabSplit", TOrvCorrection::TabSplit},
+    {"TabTags", TOrvCorrection::TabTags},
+    {"TabMeasure", TOrvCorrection::TabMeasure},
+    {"TabHeight", TOrvCorrection::TabHeight}};
 
 inline constexpr TNamed<TOrvDirectionSelection> DirectionSelectionNames[] = {
     {"Default", TOrvDirectionSelection::Default},

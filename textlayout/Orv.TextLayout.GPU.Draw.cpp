@@ -84,7 +84,8 @@ class TDrawPass {
   // Whether the ellipsis of the line is on its left: in a trailing text, or where the text reads from right to left if
   // lines are trimmed as a whole (TrimLine).
   bool StandsBeforeText() const {
-    const bool isWhole = FLayout.Frame().Store().Corrects(TOrvCorrection::TrimLine) && !FLayout.Frame().Store().HasRenderers;
+    const bool isWhole =
+        FLayout.Frame().Store().Corrects(TOrvCorrection::TrimLine) && !FLayout.Frame().Store().HasRenderers;
     return isWhole ? FLayout.RightToLeft() : FLayout.RealHorizontalAlign() == TTextAlign::Trailing;
   }
 
@@ -204,10 +205,10 @@ class TDrawPass {
   float FScaleFactor;
   bool FAlignX;
   bool FAlignY;
-  float FBase;           // of the line, device pixels
-  float FBaseShift = 0;  // of the run
+  float FBase;                  // of the line, device pixels
+  float FBaseShift = 0;         // of the run
   bool FEllipsisFirst = false;  // in the line
-  fmx::TPointF FPos;     // the pen
+  fmx::TPointF FPos;            // the pen
 };
 
 }  // namespace

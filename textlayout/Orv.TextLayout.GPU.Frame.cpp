@@ -96,7 +96,7 @@ class TFrameBuilder {
   bool FRightToLeft;
   std::unique_ptr<TGPUFrame> FFrame;
   std::vector<std::int32_t> FList;  // the visual order of a paragraph
-  TGPULine* FLine = nullptr;  // the one that runs are added to
+  TGPULine* FLine = nullptr;        // the one that runs are added to
 };
 
 }  // namespace

@@ -89,8 +89,8 @@ std::int32_t EndOfReading(const TGPULine& line, bool rightToLeft) {
   return (rightToLeft ? line.VisualFirst() : line.VisualLast()).EndIndex();
 }
 
-// The run that the ellipsis of the line follows, where the point is on that ellipsis; null where it is not. By the rules
-// the ellipsis is a part of the run's own box (TrimLine).
+// The run that the ellipsis of the line follows, where the point is on that ellipsis; null where it is not. By the
+// rules the ellipsis is a part of the run's own box (TrimLine).
 const TGPURun* RunBeforeEllipsis(const TGPULine& line, bool rightToLeft, float x) {
   const TGPURun& last = rightToLeft ? line.VisualFirst() : line.VisualLast();
   if (!last.Trimmed() || last.HasInternalRenderer() || !last.Corrects(TOrvCorrection::TrimLine)) return nullptr;

@@ -22,6 +22,7 @@ TLayoutPass::TLayoutPass(TTextLayoutNGOrv& layout, TGPUFrame& frame)
       FRightToLeft(layout.RightToLeft()),
       FMaxSize(layout.MaxSize()),
       FTrimsLine(!FWordWrap && FTrimming != fmx::TTextTrimming::None && Corrects(TOrvCorrection::TrimLine)),
+      FTestsOverflow(FWordWrap || (FTrimming != fmx::TTextTrimming::None && !FTrimsLine)),
       FScaleFactor(layout.ScaleFactor()),
       FMaxWidth(layout.MaxSize().X - layout.Padding().Left - layout.Padding().Right) {}
 
@@ -60,7 +61,7 @@ void TLayoutPass::MeasureLine(std::int32_t lineIndex) {
       MeasureEmptyRun(line, run);
       continue;
     }
-    const TMeasured m{line, i, run, FLayout.DictionaryOf(run), FLayout.GetFontFor(run)};
+    const TMeasured m{line, i, run, DictionaryOf(run), FLayout.GetFontFor(run)};
     if (const auto overflow = MeasureGlyphs(m)) BreakRun(m, *overflow, lineIndex, i);
   }
   if (FTrimsLine) TrimLine(line);
@@ -109,8 +110,7 @@ bool TLayoutPass::MeasureByRenderer(TGPULine& line, std::int32_t lineIndex, std:
 // A run of no text makes its line as high as a bar, and 1 wide; beside other runs it has no width (EmptyRun).
 void TLayoutPass::MeasureEmptyRun(TGPULine& line, TGPURun& run) const {
   const fmx::TFont& font = FLayout.GetFontFor(run);
-  const fmx::TCharRec& bar =
-      TGPURun::AddOrGetCharGlyph(nullptr, U'|', FLayout.DictionaryOf(run), font, FLayout.Scale());
+  const fmx::TCharRec& bar = TGPURun::AddOrGetCharGlyph(nullptr, U'|', DictionaryOf(run), font, FLayout.Scale());
   const float height = Scaled(bar.Glyph.VerticalAdvance);
   if (line.Count() > 1 && Corrects(TOrvCorrection::EmptyRun)) {
     line.MakeAtLeastAsHighAs(height);
@@ -127,37 +127,47 @@ void TLayoutPass::MeasureEmptyRun(TGPULine& line, TGPURun& run) const {
 // Adds the glyphs to the run and its line. Answers the first atom that does not fit.
 std::optional<std::int32_t> TLayoutPass::MeasureGlyphs(const TMeasured& m) {
   ORV_ASSERT(m.Run.ImageRect().IsEmpty(), "A run is measured twice");
-  for (std::int32_t k = 0; k < m.Run.UCS4Length(); ++k) {
+  const std::span<const UCS4Char> atoms = m.Run.Atoms();
+  const auto count = static_cast<std::int32_t>(atoms.size());
+  const float scale = FScaleFactor;
+  const float maxWidth = FMaxWidth;
+  float width = m.Run.GetWidth();
+  float height = m.Run.ImageRect().Height();
+  float lineWidth = m.Line.Width();
+  bool mayOverflow = TestsFirstGlyph(m);
+  std::int32_t k = 0;
+  for (; k < count; ++k) {
+    const UCS4Char atom = atoms[static_cast<std::size_t>(k)];
     float advance = 0;
-    float height = 0;
-    if (m.Run.Atom(k) == U'\t') {
-      advance = Scaled(FLayout.GetNextTab(m.Run, k, m.Line.Width()));
-      if (Corrects(TOrvCorrection::TabHeight)) height = Scaled(BlankOf(m).VerticalAdvance);
+    float glyphHeight = 0;
+    if (atom == U'\t') [[unlikely]] {
+      advance = FLayout.GetNextTab(m.Run, k, lineWidth) * scale;
+      glyphHeight = TabHeight(m);
     } else {
-      const fmx::TFontGlyph& glyph = GlyphOf(m, k).Glyph;
-      advance = Scaled(glyph.Advance);
-      height = Scaled(glyph.VerticalAdvance);
+      const fmx::TFontGlyph& glyph = CharGlyph(m, atom).Glyph;
+      advance = glyph.Advance * scale;
+      glyphHeight = glyph.VerticalAdvance * scale;
     }
-    if (Overflows(m, k, advance)) return k;
-    m.Run.Widen(advance);
-    m.Run.MakeAtLeastAsHighAs(height);
-    m.Line.SetWidth(m.Line.Width() + advance);
-    m.Line.MakeAtLeastAsHighAs(height);
+    if (mayOverflow && lineWidth + advance > maxWidth) break;
+    width += advance;
+    lineWidth += advance;
+    height = glyphHeight > height ? glyphHeight : height;
+    mayOverflow = FTestsOverflow && width > 0;
   }
-  return std::nullopt;
+  m.Run.SetExtent(width, height);
+  m.Line.SetWidth(lineWidth);
+  m.Line.MakeAtLeastAsHighAs(height);
+  return k < count ? std::optional(k) : std::nullopt;
 }
 
-bool TLayoutPass::Overflows(const TMeasured& m, std::int32_t atom, float advance) const {
-  return MayOverflow(m, atom) && m.Line.Width() + advance > FMaxWidth;
+float TLayoutPass::TabHeight(const TMeasured& m) const {
+  return Corrects(TOrvCorrection::TabHeight) ? Scaled(CharGlyph(m, U' ').Glyph.VerticalAdvance) : 0;
 }
 
-// A run that has no width yet is not asked, so that every run keeps a glyph on its line. With FirstGlyph the first glyph
-// of a run that is not the line's first is, but for a tab. A line that is trimmed as a whole is measured to its end
-// (TrimLine).
-bool TLayoutPass::MayOverflow(const TMeasured& m, std::int32_t atom) const {
-  if (!FWordWrap) return FTrimming != fmx::TTextTrimming::None && !FTrimsLine && m.Run.GetWidth() > 0;
-  const bool isFirstGlyph = atom == 0 && m.RunIndex > 0 && m.Run.Atom(0) != U'\t';
-  return m.Run.GetWidth() > 0 || (isFirstGlyph && Corrects(TOrvCorrection::FirstGlyph));
+// A run that has no width yet is not asked whether it overflows, so that every run keeps a glyph on its line. With
+// FirstGlyph the first glyph of a run that is not the line's first is, but for a tab.
+bool TLayoutPass::TestsFirstGlyph(const TMeasured& m) const {
+  return FWordWrap && m.RunIndex > 0 && m.Run.Atom(0) != U'\t' && Corrects(TOrvCorrection::FirstGlyph);
 }
 
 // --- Behind an overflow ---
@@ -190,32 +200,35 @@ void TLayoutPass::AddEllipsis(const TMeasured& m) {
 
 // --- Glyphs ---
 
-const fmx::TCharRec& TLayoutPass::GlyphOf(const TMeasured& m, std::int32_t atom) const {
-  return m.Run.AddOrGetAtomGlyph(nullptr, atom, m.Dic, m.Font, FLayout.Scale());
+// Most runs have the font of the one before them, which is looked up by its name.
+TAtomDic& TLayoutPass::DictionaryOf(const TGPURun& run) const {
+  const fmx::TFont& font = FLayout.GetFontFor(run);
+  if (&font != FLastFont) {
+    FLastFont = &font;
+    FLastDic = &FLayout.DictionaryOf(run);
+  }
+  return *FLastDic;
 }
 
-const fmx::TFontGlyph& TLayoutPass::BlankOf(const TMeasured& m) const {
-  return TGPURun::AddOrGetCharGlyph(nullptr, U' ', m.Dic, m.Font, FLayout.Scale()).Glyph;
+const fmx::TCharRec& TLayoutPass::CharGlyph(const TMeasured& m, UCS4Char character) const {
+  if (const fmx::TCharRec* known = m.Dic.Find(character)) return *known;
+  return TGPURun::AddOrGetCharGlyph(nullptr, character, m.Dic, m.Font, FLayout.Scale());
 }
 
 float TLayoutPass::AdvanceOf(const TMeasured& m, std::int32_t atom) const {
-  return m.Run.Atom(atom) == U'\t' ? FLayout.GetTabAdvance(m.Run, atom) : GlyphOf(m, atom).Glyph.Advance;
+  return m.Run.Atom(atom) == U'\t' ? FLayout.GetTabAdvance(m.Run, atom) : CharGlyph(m, m.Run.Atom(atom)).Glyph.Advance;
 }
 
 float TLayoutPass::AdvanceOf(const TGPURun& run, std::int32_t atom) const {
   if (run.Atom(atom) == U'\t') return FLayout.GetTabAdvance(run, atom);
-  return run.AddOrGetAtomGlyph(nullptr, atom, FLayout.DictionaryOf(run), FLayout.GetFontFor(run), FLayout.Scale())
+  return run.AddOrGetAtomGlyph(nullptr, atom, DictionaryOf(run), FLayout.GetFontFor(run), FLayout.Scale())
       .Glyph.Advance;
 }
 
 float TLayoutPass::SumOfAdvances(const TMeasured& m, const TGPURun& run, std::int32_t first, std::int32_t end) const {
   float sum = 0;
-  for (std::int32_t i = std::max(first, 0); i < std::min(end, run.UCS4Length()); ++i) {
-    if (run.Atom(i) == U'\t')
-      sum += FLayout.GetTabAdvance(run, i);
-    else
-      sum += run.AddOrGetAtomGlyph(nullptr, i, m.Dic, m.Font, FLayout.Scale()).Glyph.Advance;
-  }
+  for (std::int32_t i = std::max(first, 0); i < std::min(end, run.UCS4Length()); ++i)
+    sum += run.Atom(i) == U'\t' ? FLayout.GetTabAdvance(run, i) : CharGlyph(m, run.Atom(i)).Glyph.Advance;
   return sum;
 }
 

@@ -148,7 +148,8 @@ void TGPULine::DeleteRange(std::int32_t from, std::int32_t count) {
     for (std::int32_t& entry : FOrder)
       entry -= static_cast<std::int32_t>(std::lower_bound(taken.begin(), taken.end(), entry) - taken.begin());
   }
-  ORV_ASSERT(FOrder.size() == static_cast<std::size_t>(Count()), "A line has one entry of its visual order for each run");
+  ORV_ASSERT(FOrder.size() == static_cast<std::size_t>(Count()),
+             "A line has one entry of its visual order for each run");
 }
 
 void TGPULine::DeleteRuns(std::span<TGPURun* const> runs) {

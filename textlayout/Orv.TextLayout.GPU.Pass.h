@@ -44,8 +44,8 @@ class TLayoutPass {
   bool MeasureByRenderer(TGPULine& line, std::int32_t lineIndex, std::int32_t& runIndex, TGPURun& run);
   void MeasureEmptyRun(TGPULine& line, TGPURun& run) const;
   std::optional<std::int32_t> MeasureGlyphs(const TMeasured& m);
-  bool Overflows(const TMeasured& m, std::int32_t atom, float advance) const;
-  bool MayOverflow(const TMeasured& m, std::int32_t atom) const;
+  float TabHeight(const TMeasured& m) const;
+  bool TestsFirstGlyph(const TMeasured& m) const;
   void BreakRun(const TMeasured& m, std::int32_t overflow, std::int32_t lineIndex, std::int32_t& runIndex);
   void TakeOff(const TMeasured& m, float width) const;
   void AddEllipsis(const TMeasured& m);
@@ -92,8 +92,8 @@ class TLayoutPass {
   float LargestLineWidth() const;
 
   // --- Glyphs; advances in device pixels ---
-  const fmx::TCharRec& GlyphOf(const TMeasured& m, std::int32_t atom) const;
-  const fmx::TFontGlyph& BlankOf(const TMeasured& m) const;
+  TAtomDic& DictionaryOf(const TGPURun& run) const;
+  const fmx::TCharRec& CharGlyph(const TMeasured& m, UCS4Char character) const;
   float AdvanceOf(const TMeasured& m, std::int32_t atom) const;
   float AdvanceOf(const TGPURun& run, std::int32_t atom) const;
   // Of the atoms from first up to but not including end, held within the run.
@@ -110,7 +110,8 @@ class TLayoutPass {
   const fmx::TTextTrimming FTrimming;
   const bool FRightToLeft;
   const fmx::TPointF FMaxSize;
-  const bool FTrimsLine;  // each line as a whole
+  const bool FTrimsLine;      // each line as a whole
+  const bool FTestsOverflow;  // of each glyph
   const float FScaleFactor;
   const float FMaxWidth;
   // Kept from one overflow of the render to the next: the room for a trimmed text is that at the first, and the count
@@ -118,6 +119,8 @@ class TLayoutPass {
   const fmx::TCharRec* FEllipsis = nullptr;
   float FTrimEnd = TrimEndUnset;
   std::int32_t FKeep = 0;
+  mutable const fmx::TFont* FLastFont = nullptr;
+  mutable TAtomDic* FLastDic = nullptr;
 };
 
 }  // namespace orv

@@ -99,10 +99,10 @@ class TGPURun {
   // The atom that is drawn at that place, counted from the left.
   std::int32_t DrawnAtomIndex(std::int32_t place) const { return FRightToLeft ? FAtomCount - 1 - place : place; }
 
-  // Source position of an atom, and atom of a source position, within the run; see AtomUnits. With SourceUnits these are
-  // the units of the atoms before it, and the atom that holds the unit; behind the run both count on by ones. By the
-  // rules both are estimates: the first counts the atom's own folded units with those before it, and the second may be
-  // -1.
+  // Source position of an atom, and atom of a source position, within the run; see AtomUnits. With SourceUnits these
+  // are the units of the atoms before it, and the atom that holds the unit; behind the run both count on by ones. By
+  // the rules both are estimates: the first counts the atom's own folded units with those before it, and the second may
+  // be -1.
   std::int32_t UCS4IndexToUTF16Index(std::int32_t index) const;
   std::int32_t UTF16IndexToUCS4Index(std::int32_t index) const;
 
@@ -140,7 +140,11 @@ class TGPURun {
   void SetImageRect(const fmx::TRectF& rect) { FImageRect = rect; }
   float GetWidth() const { return FImageRect.Width(); }
   void Widen(float width) { FImageRect.Right += width; }
-  void MakeAtLeastAsHighAs(float height);
+  // From its left top corner.
+  void SetExtent(float width, float height) {
+    FImageRect.Right = FImageRect.Left + width;
+    FImageRect.Bottom = FImageRect.Top + height;
+  }
   void MoveTo(float left);
   void OffsetX(float delta) { FImageRect = FImageRect.Offset(delta, 0); }
 

@@ -1,4 +1,5 @@
-// The memory of one frame: its lines and runs, the atoms that they show, and the corrections that it was laid out under.
+// The memory of one frame: its lines and runs, the atoms that they show, and the corrections that it was laid out
+// under.
 #pragma once
 
 #include <cstddef>
@@ -48,7 +49,7 @@ class TFrameStore {
     return TStored<T>(new (Allocate(sizeof(T))) T(std::forward<TArgs>(args)...));
   }
 
-  TUCS4List Atoms;  // of all runs, each a stretch of its own
+  TUCS4List Atoms;            // of all runs, each a stretch of its own
   bool HasRenderers = false;  // a run was given an internal text layout
 
  private:

@@ -128,8 +128,8 @@ bool HasRenderer(const std::vector<TGPURun*>& runs) {
 
 }  // namespace
 
-// A line that is too wide is cut once, where what comes first in the reading fits with one ellipsis, which stands at the
-// line's reading end (TrimLine). An internal text layout has cut its run by itself.
+// A line that is too wide is cut once, where what comes first in the reading fits with one ellipsis, which stands at
+// the line's reading end (TrimLine). An internal text layout has cut its run by itself.
 void TLayoutPass::TrimLine(TGPULine& line) {
   if (!(line.Width() > FMaxWidth)) return;
   const std::vector<TGPURun*> runs = InReadingOrder(line, FRightToLeft);

@@ -73,7 +73,7 @@ float TLayoutPass::MovedWidth(const TMeasured& m, const TBreak& made, std::int32
   ORV_ASSERT(made.SplitLine != nullptr, "Nothing is left for the next line");
   if (!made.SplitLine || made.SplitLine->Item(0).UCS4Length() == 0) return 0;
   float sum = SumOfAdvances(m, made.SplitLine->Item(0), 0, overflow - FKeep - 1);
-  if (addSpace) sum += TGPURun::AddOrGetCharGlyph(nullptr, U' ', m.Dic, m.Font, FLayout.Scale()).Glyph.Advance;
+  if (addSpace) sum += CharGlyph(m, U' ').Glyph.Advance;
   return Scaled(sum);
 }
 

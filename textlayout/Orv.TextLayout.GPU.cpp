@@ -25,7 +25,9 @@ TClass TTextLayoutNGOrv::Class() {
 }
 
 TTextLayoutNGOrv::TTextLayoutNGOrv(fmx::TCanvas* canvas, TClass aClass)
-    : TGPUTextLayout(canvas, aClass), FFrame(std::make_unique<TGPUFrame>(std::make_unique<TFrameStore>())), FStrokeBrush(fmx::TAlphaColors::Black) {
+    : TGPUTextLayout(canvas, aClass),
+      FFrame(std::make_unique<TGPUFrame>(std::make_unique<TFrameStore>())),
+      FStrokeBrush(fmx::TAlphaColors::Black) {
   TakeScale(fmx::ScreenScale());
 }
 

@@ -133,7 +133,7 @@ class TTextLayoutNGOrv : public fmx::TGPUTextLayout {
   float FScale = 1;
   float FScaleFactor = 1;
   std::unique_ptr<TGPUFrame> FFrame;
-  std::unique_ptr<TFrameStore> FSpareStore;  // of the frame before it, for the next
+  std::unique_ptr<TFrameStore> FSpareStore;    // of the frame before it, for the next
   std::unique_ptr<TGPUFrame> FUnclippedFrame;  // for measuring, made when asked for
   std::unique_ptr<TGPUFrame> FFrame3D;         // for outlines, likewise
   UCS4Char FEllipsisChar = 0x2026;

@@ -55,8 +55,8 @@ enum class TOrvCorrection : std::uint8_t {
   TabHeight,       // a tab is as high as a blank
 };
 using TOrvCorrections = rtl::TSet<TOrvCorrection, std::uint64_t>;
-inline constexpr TOrvCorrections AllCorrections = TOrvCorrections::Range(TOrvCorrection::OwnDirection,
-                                                                        TOrvCorrection::TabHeight);
+inline constexpr TOrvCorrections AllCorrections =
+    TOrvCorrections::Range(TOrvCorrection::OwnDirection, TOrvCorrection::TabHeight);
 
 // How an editor picks its direction.
 enum class TOrvDirectionSelection : std::uint8_t { Default, ByFormBidiMode, ByTextDiretion, ByTextAlignment };

@@ -130,7 +130,8 @@ struct TStretch {
 // The pass over one list.
 class TShaper {
  public:
-  TShaper(std::span<UCS4Char> list, const TJoiners& joiners) : FText(list.data()), FCount(list.size()), FJoiners(joiners) {}
+  TShaper(std::span<UCS4Char> list, const TJoiners& joiners)
+      : FText(list.data()), FCount(list.size()), FJoiners(joiners) {}
 
   // Shapes the list and answers how many elements are left.
   std::size_t Run();

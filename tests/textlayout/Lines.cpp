@@ -31,7 +31,7 @@ TEST_F(Runs, PositionsOfAFoldedWord) {
 }
 
 TEST_F(Runs, ConversionEndsWhereAtomsStandForLessThanTheLength) {
-  TGPURun run;
+  TGPURun run(PlainStore());
   run.SetText(u"\uFDF2ab", 0, 3, false);
   run.SetLength(9);  // more than the atoms account for
   EXPECT_EQ(run.UCS4IndexToUTF16Index(100), 102);
@@ -103,7 +103,7 @@ TEST_F(Runs, DeletingCountsTheAtomsOwnUnits) {
 }
 
 TEST_F(Runs, DefaultColourNeverTakesAnAttributesPlace) {
-  TGPURun run;
+  TGPURun run(PlainStore());
   run.SetColor(1, true);
   EXPECT_EQ(run.Color(), 1U);
   run.SetColor(2, false);
@@ -113,7 +113,7 @@ TEST_F(Runs, DefaultColourNeverTakesAnAttributesPlace) {
 }
 
 TEST_F(Runs, TagOfAnotherTypeHasNoTabAdvance) {
-  TGPURun run;
+  TGPURun run(PlainStore());
   EXPECT_THROW(run.DrawTag(0).TabAdvance(), rtl::Exception);
   EXPECT_EQ(TDrawTagRec::CreateTabAdvance(4).TabAdvance(), 4);
 }
@@ -128,7 +128,7 @@ TEST_F(Runs, SplitIndexesAreHeldWithinSixteenBits) {
 }
 
 TEST_F(Runs, QuoteBehindANumberOfTheRunBefore) {
-  TGPURun number, quote, word;
+  TGPURun number(PlainStore()), quote(PlainStore()), word(PlainStore());
   number.SetText(u"5", 0, 1, false);
   quote.SetText(u"\"\u0627", 0, 2, true);
   quote.ReplaceQuoteMeasuresToPrimes(&number);
@@ -141,12 +141,12 @@ TEST_F(Runs, QuoteBehindANumberOfTheRunBefore) {
 // --- Lines ---
 
 // A line of one-letter runs "a", "b", ... in that visual order.
-std::unique_ptr<TGPULine> LineOf(TList order) {
-  auto line = std::make_unique<TGPULine>();
+TStored<TGPULine> LineOf(TList order, TFrameStore& store = PlainStore()) {
+  auto line = store.New<TGPULine>(store);
   const auto count = static_cast<std::int32_t>(order.size());
-  line->SetVisualOrderList(std::move(order));
+  line->SetVisualOrderList(order);
   for (std::int32_t i = 0; i < count; ++i) {
-    auto run = std::make_unique<TGPURun>();
+    auto run = store.New<TGPURun>(store);
     run->SetText(u"abcdefgh", i, 1, false);
     line->Add(std::move(run));
   }
@@ -203,13 +203,13 @@ TEST_F(LineOrder, DeleteReadsTheEntryAtTheItem) {
 
 TEST_F(LineOrder, InsertBeyondTheEndAppends) {
   const auto line = LineOf({1, 0});
-  line->Insert(std::make_unique<TGPURun>(), 2, 9);
+  line->Insert(PlainStore().New<TGPURun>(PlainStore()), 2, 9);
   EXPECT_EQ(OrderOf(*line), (TList{1, 0, 2}));
 }
 
 TEST_F(LineOrder, InsertShiftsItemsAndPlaces) {
   const auto line = LineOf({1, 0});
-  line->Insert(std::make_unique<TGPURun>(), 1, 0);
+  line->Insert(PlainStore().New<TGPURun>(PlainStore()), 1, 0);
   EXPECT_EQ(OrderOf(*line), (TList{1, 2, 0}));
 }
 
@@ -239,7 +239,7 @@ TEST_F(LineOrder, OperationsKeepPermutations) {
           line->Delete(item);
           break;
         case 1:
-          line->Insert(std::make_unique<TGPURun>(), item, random(9));
+          line->Insert(PlainStore().New<TGPURun>(PlainStore()), item, random(9));
           break;
         case 2:
           if (auto rest = line->SplitBeforeRun(line->Item(item))) line = std::move(rest);
@@ -258,9 +258,9 @@ TEST_F(LineOrder, OperationsKeepPermutations) {
 
 TEST_F(LineOrder, TabsAndTextsBecomeRunsOfTheirOwn) {
   const auto layout = Laid(u"abc\tde\t\t", 1000);
-  TGPULine line;
-  line.SetVisualOrderList({0});
-  auto run = std::make_unique<TGPURun>();
+  TGPULine line(PlainStore());
+  line.SetVisualOrderList(TList{0});
+  auto run = PlainStore().New<TGPURun>(PlainStore());
   run->SetText(layout->CharSequence(), 0, 8, false);
   line.Add(std::move(run));
   line.SplitAtTabs(*layout, 0, 0);

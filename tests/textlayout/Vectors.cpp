@@ -11,6 +11,10 @@ TEST(LayoutVectors, HoldByTheRules) {
   testing::ExpectVectorsHold("layout/layout-rules", "layout", 1e-3);
 }
 
+TEST(LayoutVectors, HoldWithTheCorrections) {
+  testing::ExpectVectorsHold("layout/layout-corrected", "layout", 1e-3);
+}
+
 TEST(LayoutVectors, HostileRequestsAreAnswered) {
   const auto classOf = [](const std::string& members) {
     const eval::TJson answer = eval::TJson::parse(eval::Answer(R"({"op":"layout")" + members + "}"));

@@ -99,8 +99,14 @@ inline std::int32_t Hit(TTextLayoutNGOrv& layout, float x, float y = 5) {
   return layout.PositionAtPoint({x, y});
 }
 
-inline std::unique_ptr<TGPURun> RunOf(std::u16string_view text, bool rightToLeft = true) {
-  auto run = std::make_unique<TGPURun>();
+// The memory of runs and lines that belong to no layout. By the plain rules.
+inline TFrameStore& PlainStore() {
+  static TFrameStore store;
+  return store;
+}
+
+inline TStored<TGPURun> RunOf(std::u16string_view text, bool rightToLeft = true, TFrameStore& store = PlainStore()) {
+  auto run = store.New<TGPURun>(store);
   run->SetText(text, 0, static_cast<std::int32_t>(text.size()), rightToLeft);
   run->PrepareComplexArabicCombinations();
   return run;

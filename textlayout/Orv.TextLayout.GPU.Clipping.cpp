@@ -19,9 +19,13 @@ bool IsEmpty(const TGPURun& run) {
   return run.Length() <= 0 || (run.UCS4Length() == 0 && !run.HasInternalRenderer());
 }
 
+void Narrow(TGPULine& line, float width) {
+  line.SetWidth(std::max(line.Width() - width, 0.0F));
+}
+
 void MoveRight(TGPULine& line, float width) {
   line.SetTopLeft({line.TopLeft().X + width, line.TopLeft().Y});
-  line.SetWidth(line.Width() - width);
+  Narrow(line, width);
 }
 
 }  // namespace
@@ -98,17 +102,24 @@ void TLayoutPass::DeleteFromVisualEnd(TGPURun& run, std::int32_t count) const {
 
 // --- The left side ---
 
+// The left edge is the line's own, but for an atom that stands on the box's edge: it moves the edge, not the line.
 void TLayoutPass::ClipLeft(TGPULine& line) const {
-  while (!line.IsEmpty() && line.TopLeft().X < 0) {
+  float left = line.TopLeft().X;
+  if (!(left < 0)) return;
+  while (!line.IsEmpty()) {
     TGPURun& run = line.VisualFirst();
-    if (run.ImageRect().Left + line.TopLeft().X >= 0) return;
-    if (!IsEmpty(run) && run.ImageRect().Right + line.TopLeft().X < 0) {
+    if (run.ImageRect().Left + left >= 0) return;
+    if (run.Length() > 0 && run.ImageRect().Right + left < 0) {
       if (KeepsLast(line.Count())) return;
+      left += run.GetWidth();
       DeleteOutsideLeft(line);
       continue;
     }
-    if (!IsEmpty(run)) ClipFirstRun(line, run);
-    if (!IsEmpty(run) || KeepsLast(line.Count())) return;
+    const float before = left;
+    if (!IsEmpty(run)) ClipFirstRun(line, run, left);
+    if (!IsEmpty(run) && left == before) return;
+    if (!IsEmpty(run)) continue;
+    if (KeepsLast(line.Count())) return;
     line.DeleteByVisualOrderIndex(0);
   }
 }
@@ -120,22 +131,26 @@ void TLayoutPass::DeleteOutsideLeft(TGPULine& line) const {
   line.OffsetEachRunXPosition(-width);
 }
 
-void TLayoutPass::ClipFirstRun(TGPULine& line, TGPURun& run) const {
+void TLayoutPass::ClipFirstRun(TGPULine& line, TGPURun& run, float& left) const {
   const float before = line.TopLeft().X;
-  run.HasInternalRenderer() ? ClipFirstPart(line, run) : ClipFirstAtoms(line, run);
+  if (run.HasInternalRenderer()) {
+    ClipFirstPart(line, run);
+    left = 0;
+  } else {
+    ClipFirstAtoms(line, run, left);
+  }
   // The run is as much shorter as the line, and those behind it move with its end.
   const float width = line.TopLeft().X - before;
   run.Widen(-width);
+  run.HoldWidth();
   line.RepositionFrom(1, -width);
 }
 
 // Whole atoms go until one stands on the edge; that one stays.
-void TLayoutPass::ClipFirstAtoms(TGPULine& line, TGPURun& run) const {
-  float left = line.TopLeft().X;
+void TLayoutPass::ClipFirstAtoms(TGPULine& line, TGPURun& run, float& left) const {
   while (run.UCS4Length() > 0 && left < 0) {
     run.Clip();
-    const std::int32_t first = run.DrawnAtomIndex(0);
-    const float advance = Scaled(AdvanceOf(run, first));
+    const float advance = Scaled(AdvanceOf(run, run.DrawnAtomIndex(0)));
     left += advance;
     if (!(left < 0)) return;
     DeleteFromVisualStart(run, 1);
@@ -168,7 +183,8 @@ void TLayoutPass::ClipLastAtomsWhole(TGPULine& line, TGPURun& run) const {
     if (run.ImageRect().Right + line.TopLeft().X - advance < FMaxSize.X) return;
     DeleteFromVisualEnd(run, 1);
     run.Widen(-advance);
-    line.SetWidth(line.Width() - advance);
+    run.HoldWidth();
+    Narrow(line, advance);
   }
 }
 
@@ -179,7 +195,7 @@ void TLayoutPass::ClipRight(TGPULine& line) const {
   if (run.Length() > 0 && run.ImageRect().Right + left > FMaxSize.X) {
     if (run.ImageRect().Left + left > FMaxSize.X) {
       if (KeepsLast(line.Count())) return;
-      line.SetWidth(line.Width() - run.GetWidth());
+      Narrow(line, run.GetWidth());
       line.DeleteByVisualOrderIndex(line.Count() - 1);
       return;
     }

@@ -115,6 +115,7 @@ std::optional<std::int32_t> PositionInLine(const TTextLayoutNGOrv& layout, const
     const TGPURun& run = line.Item(i);
     if (run.UCS4Length() == 0 && TakesEveryClick(line, run)) return run.StartIndex();
     if (x < run.ImageRect().Left || x >= run.ImageRect().Right) continue;
+    if (run.UCS4Length() == 0) return run.StartIndex();
     if (auto* renderer = run.InternalRenderer()) return renderer->GetOffsetForAdvance(x) + run.StartIndex();
     if (const auto hit = AtomAt(layout, line, run, p)) return PositionIn(layout, run, *hit, p.X);
   }

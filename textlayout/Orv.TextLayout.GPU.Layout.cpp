@@ -134,7 +134,7 @@ std::optional<std::int32_t> TLayoutPass::MeasureGlyphs(const TMeasured& m) {
   float width = m.Run.GetWidth();
   float height = m.Run.ImageRect().Height();
   float lineWidth = m.Line.Width();
-  bool mayOverflow = TestsFirstGlyph(m);
+  bool mayOverflow = (FTestsOverflow && width > 0) || TestsFirstGlyph(m);
   std::int32_t k = 0;
   for (; k < count; ++k) {
     const UCS4Char atom = atoms[static_cast<std::size_t>(k)];
@@ -180,6 +180,8 @@ void TLayoutPass::BreakRun(const TMeasured& m, std::int32_t overflow, std::int32
   }
   FKeep = m.Run.UCS4Length();
   if (m.Run.Trimmed()) AddEllipsis(m);
+  m.Run.HoldWidth();
+  m.Line.SetWidth(std::max(m.Line.Width(), 0.0F));
   if (!made.SplitLine) return;
   FFrame.Insert(lineIndex + 1, std::move(made.SplitLine));
   runIndex = m.Line.Count();

@@ -249,6 +249,12 @@ void TGPULine::SplitLeadingTabs(std::u16string_view text, bool rightToLeft) {
   bool hasTab = false;
   for (std::int32_t i = 0; i < asked && !hasTab; ++i) hasTab = leadsTab(Item(i));
   if (!hasTab) return;
+  if (!ReadsPlaces()) {
+    for (std::int32_t i = 0; i < Count(); ++i)
+      if (leadsTab(Item(i)))
+        Insert(Item(i).Split(TSplitIndex::Of(1, 1)), i + 1, FindVisualIndexOf(i) + (rightToLeft ? 0 : 1));
+    return;
+  }
   UnsettleOrder();
   TStoredVector<TItem> items(FItems.get_allocator());
   items.reserve(static_cast<std::size_t>(asked));

@@ -79,8 +79,8 @@ class TLayoutPass {
   void ClipSides(TGPULine& line) const;
   void ClipLeft(TGPULine& line) const;
   void DeleteOutsideLeft(TGPULine& line) const;
-  void ClipFirstRun(TGPULine& line, TGPURun& run) const;
-  void ClipFirstAtoms(TGPULine& line, TGPURun& run) const;
+  void ClipFirstRun(TGPULine& line, TGPURun& run, float& left) const;
+  void ClipFirstAtoms(TGPULine& line, TGPURun& run, float& left) const;
   void ClipFirstPart(TGPULine& line, TGPURun& run) const;
   void ClipRight(TGPULine& line) const;
   bool KeepsLast(std::int32_t count) const { return count == 1 && Corrects(TOrvCorrection::KeepOneRun); }

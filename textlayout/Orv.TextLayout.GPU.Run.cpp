@@ -102,7 +102,8 @@ std::int32_t TGPURun::EstimatedUnit(std::int32_t atom) const {
   const std::int32_t folded = FLength - FAtomCount;
   if (folded == 0 || atom < 0) return atom;
   std::int32_t sum = 0;
-  for (std::int32_t i = 0; i < FAtomCount && i <= atom && sum != folded; ++i) sum += AtomUnits(Atom(i)) - 1;
+  for (std::int32_t i = 0; i < FAtomCount && i <= atom && sum < folded; ++i)
+    sum = std::min(sum + AtomUnits(Atom(i)) - 1, folded);
   return atom + sum;
 }
 
@@ -114,7 +115,7 @@ std::int32_t TGPURun::EstimatedAtom(std::int32_t unit) const {
   std::int32_t position = 0;
   for (std::int32_t i = 0; i < FAtomCount && position <= unit; ++i) {
     const std::int32_t units = AtomUnits(Atom(i));
-    sum += units - 1;
+    sum = std::min(sum + units - 1, folded);
     if (sum == folded) break;
     position += units;
   }

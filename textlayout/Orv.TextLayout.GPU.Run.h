@@ -140,6 +140,8 @@ class TGPURun {
   void SetImageRect(const fmx::TRectF& rect) { FImageRect = rect; }
   float GetWidth() const { return FImageRect.Width(); }
   void Widen(float width) { FImageRect.Right += width; }
+  // What was taken off may have been more than there was.
+  void HoldWidth() { FImageRect.Right = FImageRect.Right < FImageRect.Left ? FImageRect.Left : FImageRect.Right; }
   // From its left top corner.
   void SetExtent(float width, float height) {
     FImageRect.Right = FImageRect.Left + width;

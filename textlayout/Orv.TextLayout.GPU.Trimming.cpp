@@ -166,6 +166,7 @@ void TLayoutPass::CutBehind(TGPULine& line, TGPURun& run, std::int32_t atom, con
   const auto place = std::find(runs.begin(), runs.end(), &run);
   line.DeleteRuns({place + 1, runs.end()});
   for (std::int32_t k = atom; k < run.UCS4Length(); ++k) run.Widen(-Scaled(AdvanceOf(run, k)));
+  run.HoldWidth();
   run.DeleteTextFromEnd(run.UCS4Length() - atom);
   run.SetTrimmed(true);
 }

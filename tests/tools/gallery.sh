@@ -106,6 +106,13 @@ shows 'Tatweel joins'
 shows 'Zwj joins'
 is_kept 'Weak follow line direction'
 
+doing='the wheel over the switches'
+before=$(screen)
+xdotool mousemove --window "$window" 150 400 click 5
+wait_for 30 screen_is_not "$before" || fail 'they do not scroll'
+page_is "$start" || fail 'the page scrolls with them'
+xdotool click 4
+
 doing='a narrower window'
 xdotool windowsize --sync "$window" 900 800
 wait_for 30 page_is_not "$start" || fail "the page does not reflow"

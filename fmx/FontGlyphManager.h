@@ -7,6 +7,7 @@
 #include <span>
 
 #include "fmx/FontGlyph.h"
+#include "fmx/ShapedText.h"
 
 namespace fmx {
 
@@ -36,6 +37,9 @@ class TFontGlyphBackEnd {
   // Whether runs in the font are to be shaped as a whole by the platform's own text engine, instead of glyph by glyph.
   // May be called while no font is loaded, or another one; leaves it as it is.
   virtual bool FontRendererRequired(const TFontSettings&) { return false; }
+  // Whether there is such an engine, and its work, in any font: clusters of nothing where there is none.
+  virtual bool CanShape() const { return false; }
+  virtual TShapedText Shape(const TShapeRequest&) { return {}; }
 };
 
 using TFontGlyphBackEndFactory = std::function<std::unique_ptr<TFontGlyphBackEnd>()>;

@@ -182,6 +182,11 @@ TFontGlyph TCellGlyphs::DoGetGlyph(std::span<const std::uint32_t> chars, TFontGl
   return glyph;
 }
 
+TShapedText TCellGlyphs::Shape(const TShapeRequest& request) {
+  const TFontWanted wanted = FontWantedOf(request.Font);
+  return wanted.PixelSize < 1 ? TShapedText{} : FSources->Shape(wanted, request);
+}
+
 bool TCellGlyphs::FontRendererRequired(const TFontSettings& font) {
   TFontWanted wanted = FontWantedOf(font);
   wanted.PixelSize = 16;  // any

@@ -62,6 +62,9 @@ class IFontSources {
   virtual ICharacterSource& Open(const TFontWanted& font) = 0;
   // Whether the font must be shaped as a whole: it has letters, but not their forms as characters.
   virtual bool NeedsShaping(const TFontWanted& font) = 0;
+  // As TFontGlyphBackEnd's; the font stands in the place of the request's.
+  virtual bool CanShape() const { return false; }
+  virtual TShapedText Shape(const TFontWanted&, const TShapeRequest&) { return {}; }
 };
 
 // Sizes of an em are whole device pixels; a size that is below 1, or no number, is 0 and gives glyphs of nothing.
@@ -80,6 +83,8 @@ class TCellGlyphs : public TFontGlyphBackEnd {
   TFontGlyph DoGetGlyph(std::span<const std::uint32_t> chars, TFontGlyphSettings settings, bool colorful) override;
   float DoGetBaseline() override;
   bool FontRendererRequired(const TFontSettings& font) override;
+  bool CanShape() const override { return FSources->CanShape(); }
+  TShapedText Shape(const TShapeRequest& request) override;
 
  private:
   std::unique_ptr<IFontSources> FSources;

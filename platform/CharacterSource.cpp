@@ -41,16 +41,6 @@ THeights HeightsOf(const TOpenFace& open) {
   return {face->ascender / em * open.PixelSize, -face->descender / em * open.PixelSize};
 }
 
-// Held within reason: a line has some height.
-fmx::TLineMetrics MetricsOf(const TOpenFace& face, double stretch) {
-  const double limit = MostHeight * face.PixelSize;
-  THeights heights = HeightsOf(face);
-  heights.Ascent = std::clamp(heights.Ascent, 0.0, limit);
-  heights.Descent = std::clamp(heights.Descent, 0.0, limit);
-  if (heights.Ascent + heights.Descent < 1) heights = {0.8 * face.PixelSize, 0.2 * face.PixelSize};
-  return {WholePixels(std::ceil(heights.Ascent * stretch)), WholePixels(std::ceil(heights.Descent * stretch))};
-}
-
 void RequireSize(double width, double height) {
   if (width > fmx::MaxBitmapSide || height > fmx::MaxBitmapSide ||
       width * height > static_cast<double>(fmx::MaxBitmapPixels))
@@ -78,6 +68,15 @@ void PlaceInk(const FT_Outline& outline, double stretch, fmx::TCharacterInk& ink
 
 }  // namespace
 
+fmx::TLineMetrics LineMetricsOf(const TOpenFace& face, double stretch) {
+  const double limit = MostHeight * face.PixelSize;
+  THeights heights = HeightsOf(face);
+  heights.Ascent = std::clamp(heights.Ascent, 0.0, limit);
+  heights.Descent = std::clamp(heights.Descent, 0.0, limit);
+  if (heights.Ascent + heights.Descent < 1) heights = {0.8 * face.PixelSize, 0.2 * face.PixelSize};
+  return {WholePixels(std::ceil(heights.Ascent * stretch)), WholePixels(std::ceil(heights.Descent * stretch))};
+}
+
 const TFontCatalog& SharedCatalog() {
   static const TFontCatalog catalog;
   return catalog;
@@ -100,7 +99,7 @@ TFontRequest RequestFor(const fmx::TFontWanted& font, const TFontChain& chain) {
 TCharacterSource::TCharacterSource(const TFontCatalog& catalog, const fmx::TFontWanted& font, const TFontChain& chain)
     : FFaces(catalog, RequestFor(font, chain)),
       FStretch(std::max(1.0, font.PixelSize / MaxPixelSize)),
-      FMetrics(MetricsOf(FFaces.First(), FStretch)) {}
+      FMetrics(LineMetricsOf(FFaces.First(), FStretch)) {}
 
 bool TCharacterSource::NeedsShaping() const {
   // Beh and meem, and all four forms of beh.

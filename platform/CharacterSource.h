@@ -12,6 +12,9 @@ const TFontCatalog& SharedCatalog();
 // The request for a font at a size that FreeType can load.
 TFontRequest RequestFor(const fmx::TFontWanted& font, const TFontChain& chain);
 
+// The heights of the face's line, held within reason: a line has some height.
+fmx::TLineMetrics LineMetricsOf(const TOpenFace& face, double stretch);
+
 class TCharacterSource : public fmx::ICharacterSource {
  public:
   TCharacterSource(const TFontCatalog& catalog, const fmx::TFontWanted& font, const TFontChain& chain);

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/CharacterSource.h"
+#include "platform/Shaper.h"
 
 namespace orv::platform {
 namespace {
@@ -21,26 +22,36 @@ class TFontSources : public fmx::IFontSources {
  public:
   explicit TFontSources(TFontChain chain) : FChain(std::move(chain)) {}
 
-  fmx::ICharacterSource& Open(const fmx::TFontWanted& font) override { return Opened(font); }
+  fmx::ICharacterSource& Open(const fmx::TFontWanted& font) override { return Opened(FSources, font); }
   bool NeedsShaping(const fmx::TFontWanted& font) override {
-    return !(font.Family.empty() && font.File.empty()) && Opened(font).NeedsShaping();
+    return !(font.Family.empty() && font.File.empty()) && Opened(FSources, font).NeedsShaping();
+  }
+  bool CanShape() const override { return true; }
+  fmx::TShapedText Shape(const fmx::TFontWanted& font, const fmx::TShapeRequest& request) override {
+    return Opened(FShapers, font).Shape(request);
   }
 
  private:
-  TCharacterSource& Opened(const fmx::TFontWanted& font) {
+  // The last one used first.
+  template <typename T>
+  using TOpen = std::list<std::pair<fmx::TFontWanted, std::unique_ptr<T>>>;
+
+  template <typename T>
+  T& Opened(TOpen<T>& open, const fmx::TFontWanted& font) const {
     const auto found =
-        std::find_if(FOpen.begin(), FOpen.end(), [&](const auto& each) { return IsSame(each.first, font); });
-    if (found != FOpen.end()) {
-      FOpen.splice(FOpen.begin(), FOpen, found);
+        std::find_if(open.begin(), open.end(), [&](const auto& each) { return IsSame(each.first, font); });
+    if (found != open.end()) {
+      open.splice(open.begin(), open, found);
     } else {
-      FOpen.emplace_front(font, std::make_unique<TCharacterSource>(SharedCatalog(), font, FChain));
-      if (FOpen.size() > OpenFonts) FOpen.pop_back();
+      open.emplace_front(font, std::make_unique<T>(SharedCatalog(), font, FChain));
+      if (open.size() > OpenFonts) open.pop_back();
     }
-    return *FOpen.front().second;
+    return *open.front().second;
   }
 
   TFontChain FChain;
-  std::list<std::pair<fmx::TFontWanted, std::unique_ptr<TCharacterSource>>> FOpen;  // the last one used first
+  TOpen<TCharacterSource> FSources;
+  TOpen<TShaper> FShapers;
 };
 
 }  // namespace

@@ -33,7 +33,7 @@ void StartClassList() {
   TVirtualClassGenerator::Classes();
 }
 void StartInternalLayout() {
-  TInternalTextLayout::RegisterDefaultInternalTextLayout(TInternalTextLayoutWin::Make);
+  TInternalTextLayout::RegisterDefaultInternalTextLayout(nullptr);
 }
 
 // The order matters: the engine's settings stand before anything is laid out, what is swapped stands before the editing

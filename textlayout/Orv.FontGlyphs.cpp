@@ -151,6 +151,11 @@ bool TBackEndFontGlyphManager::FontRendererRequired(const fmx::TFont& font) cons
   return FAskedAnswer;
 }
 
+fmx::TShapedText TBackEndFontGlyphManager::Shape(fmx::TShapeRequest request, const fmx::TFont& font, float scale) {
+  request.Font = SettingsOf(font, scale);
+  return FBackEnd->Shape(request);
+}
+
 fmx::TFontGlyph TBackEndFontGlyphManager::DoGetGlyph(TGlyphChars chars, fmx::TFontGlyphSettings settings,
                                                      bool colorful) {
   if (!chars.empty()) chars = chars.first(chars.size() - 1);  // back ends do without the terminator

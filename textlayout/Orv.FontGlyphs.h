@@ -87,6 +87,10 @@ class TFontGlyphManagerOrv {
   // here; over a back end its answer, and true for a font that was registered so.
   virtual bool FontRendererRequired(const fmx::TFont& font) const;
 
+  // Whether the platform has such an engine, and its work; the request's font is that font at that scale.
+  virtual bool CanShape() const { return false; }
+  virtual fmx::TShapedText Shape(fmx::TShapeRequest, const fmx::TFont&, float /*scale*/) { return {}; }
+
   static void RegisterCharacterHandleMethod(TCharacterHandleFunction method, bool overrideValue);
   // Deletes the first handler that differs from the method: callers are used to that.
   static void UnRegisterCharacterHandleMethod(TCharacterHandleFunction method);
@@ -133,6 +137,8 @@ class TBackEndFontGlyphManager : public TFontGlyphManagerOrv {
   explicit TBackEndFontGlyphManager(std::unique_ptr<fmx::TFontGlyphBackEnd> backEnd) : FBackEnd(std::move(backEnd)) {}
   ~TBackEndFontGlyphManager() override { FreeLoaded(); }
   bool FontRendererRequired(const fmx::TFont& font) const override;
+  bool CanShape() const override { return FBackEnd->CanShape(); }
+  fmx::TShapedText Shape(fmx::TShapeRequest request, const fmx::TFont& font, float scale) override;
 
  protected:
   void LoadResource() override { FBackEnd->LoadResource(CurrentSettings()); }

@@ -5,7 +5,9 @@
 
 #include "fmx/Log.h"
 #include "rtl/Strings.h"
+#include "textlayout/Orv.FontGlyphs.h"
 #include "textlayout/Orv.TextLayout.GPU.h"
+#include "textlayout/Orv.TextLayout.Internal.Shaped.h"
 #include "textlayout/Orv.TextLayout.Internal.Win.h"
 
 namespace orv {
@@ -13,8 +15,13 @@ namespace {
 
 using fmx::Log;
 
+std::unique_ptr<TInternalTextLayout> MakeForPlatform() {
+  return TFontGlyphManagerOrv::Current().CanShape() ? TInternalTextLayoutShaped::Make()
+                                                    : TInternalTextLayoutWin::Make();
+}
+
 TInternalTextLayout::TFactory& DefaultClass() {
-  static TInternalTextLayout::TFactory factory = TInternalTextLayoutWin::Make;
+  static TInternalTextLayout::TFactory factory = MakeForPlatform;
   return factory;
 }
 
@@ -40,7 +47,7 @@ std::int32_t WordStart(std::u16string_view text, std::int32_t start, std::int32_
 }  // namespace
 
 void TInternalTextLayout::RegisterDefaultInternalTextLayout(TFactory factory) {
-  DefaultClass() = factory != nullptr ? factory : TInternalTextLayoutWin::Make;
+  DefaultClass() = factory != nullptr ? factory : MakeForPlatform;
 }
 
 std::unique_ptr<TInternalTextLayout> TInternalTextLayout::CreateInternalTextLayout() {

@@ -22,7 +22,8 @@ class TInternalTextLayout {
  public:
   using TFactory = std::unique_ptr<TInternalTextLayout> (*)();
 
-  // The class that CreateInternalTextLayout makes. Without one registered it is that of the fixed answers.
+  // The class that CreateInternalTextLayout makes. Without one registered, or with null, it is the
+  // platform's text engine where there is one, else that of the fixed answers.
   static void RegisterDefaultInternalTextLayout(TFactory factory);
   static std::unique_ptr<TInternalTextLayout> CreateInternalTextLayout();
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "fmx/Exceptions.h"
 #include "fmx/Log.h"
 #include "rtl/Strings.h"
 #include "textlayout/Orv.FontGlyphs.h"
@@ -15,9 +16,16 @@ namespace {
 
 using fmx::Log;
 
+bool PlatformCanShape() {
+  try {
+    return TFontGlyphManagerOrv::Current().CanShape();
+  } catch (const fmx::ENotRegistered&) {
+    return false;
+  }
+}
+
 std::unique_ptr<TInternalTextLayout> MakeForPlatform() {
-  return TFontGlyphManagerOrv::Current().CanShape() ? TInternalTextLayoutShaped::Make()
-                                                    : TInternalTextLayoutWin::Make();
+  return PlatformCanShape() ? TInternalTextLayoutShaped::Make() : TInternalTextLayoutWin::Make();
 }
 
 TInternalTextLayout::TFactory& DefaultClass() {

@@ -38,13 +38,31 @@ constexpr bool StandsOnTheLetterBefore(std::uint32_t c) {
   return (c >= 0xFC5E && c <= 0xFC62) || (c >= 0xFE70 && c <= 0xFE7D);
 }
 
+constexpr bool IsPlacedMark(std::uint32_t c) {
+  return (c >= 0xFE70 && c <= 0xFE7E) || (c >= 0xFC5E && c <= 0xFC63);
+}
+
+constexpr bool IsKasra(std::uint32_t c) {
+  return c == 0xFE74 || c == 0xFE7A;
+}
+
+// How far the ink of a mark moves down so that it is clear of the dots of letters of common height: some fonts have it
+// as low as a letter without dots would let it be.
+std::int32_t Clearance(std::uint32_t c, const TCharacterInk& ink, ICharacterSource& source, std::int32_t height) {
+  constexpr std::uint32_t DotsAbove = 0xFE98;  // teh within a word
+  constexpr std::uint32_t DotBelow = 0xFE92;   // beh within a word
+  const std::int32_t gap = std::max(1, height / 40);
+  const TCharacterInk letter = source.Ink(IsKasra(c) ? DotBelow : DotsAbove, false, false);
+  if (IsKasra(c)) return std::max(0, ink.Top - (letter.Top - letter.Height - gap));
+  return std::min(0, ink.Top - ink.Height - (letter.Top + gap));
+}
+
 // Layouts draw the cell of a mark that stands above its letter a third of its height higher, and that of a kasra a
-// fifth lower. Fonts have the ink where it belongs already, so it lies as much lower or higher in these cells.
-std::int32_t InkShift(std::uint32_t c, std::int32_t height) {
-  const bool isMark = (c >= 0xFE70 && c <= 0xFE7E) || (c >= 0xFC5E && c <= 0xFC63);
-  if (!isMark) return 0;
-  const bool isKasra = c == 0xFE74 || c == 0xFE7A;
-  return static_cast<std::int32_t>(isKasra ? -Round(height / 5.0) : Round(height / 3.0));
+// fifth lower. The ink lies as much lower or higher in these cells, so that it comes out by its letter.
+std::int32_t InkShift(std::uint32_t c, const TCharacterInk& ink, ICharacterSource& source, std::int32_t height) {
+  if (!IsPlacedMark(c)) return 0;
+  const std::int64_t drawn = IsKasra(c) ? -Round(height / 5.0) : Round(height / 3.0);
+  return static_cast<std::int32_t>(drawn) + Clearance(c, ink, source, height);
 }
 
 // The room that the characters take, in whole pixels.
@@ -167,7 +185,7 @@ TFontGlyph TCellGlyphs::DoGetGlyph(std::span<const std::uint32_t> chars, TFontGl
   const TCharacterInk ink = source.Ink(c, wantsPicture, colorful);
   const TBearings bearings = BearingsOf(chars, ink);
   const auto shift = static_cast<std::int32_t>(Trunc(bearings.A));
-  const std::int32_t base = line.Ascent + InkShift(c, height);
+  const std::int32_t base = line.Ascent + InkShift(c, ink, source, height);
   const TCellReach reach = ReachOf(ink, base, height);
   glyph.Origin = {shift, reach.Top};
   glyph.Advance = bearings.Sum;

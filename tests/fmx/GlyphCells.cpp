@@ -52,6 +52,8 @@ class GlyphCells : public ::testing::Test {
                   {U' ', {2.5F, 0, 0, 0, 0, {}, {}}},    {0xFE76, {6, 1, 7, 4, 2, {}, {}}},
                   {0xFE7A, {6, 1, 0, 4, 2, {}, {}}},     {0xFE7E, {6, 1, 7, 4, 2, {}, {}}},
                   {0x1F600, {7.2F, 1, 7, 6, 7, {}, {}}}, {U'T', {5, 0, 12, 4, 15, {}, {}}}};
+    Boxes.Inks[0xFE98] = {5, 0, 4, 5, 4, {}, {}};  // the highest and the lowest common letter
+    Boxes.Inks[0xFE92] = {5, 0, 4, 5, 4, {}, {}};
     Load(10);
   }
 
@@ -116,7 +118,14 @@ TEST_F(GlyphCells, VowelFormsStandOnTheLetterBefore) {
 // A layout draws the cell of a mark a third of its height higher, and that of a kasra a fifth lower.
 TEST_F(GlyphCells, MarksComeOutWhereTheFontHasThem) {
   EXPECT_EQ(Rows(Glyph(0xFE76)), "4-5");  // rows 1 and 2 of the line
-  EXPECT_EQ(Rows(Glyph(0xFE7A)), "6-7");  // rows 8 and 9
+  EXPECT_EQ(Rows(Glyph(0xFE7A)), "7-8");  // rows 8 and 9, and one further from the letters on the base line
+}
+
+TEST_F(GlyphCells, MarksAreClearOfTheDotsOfLetters) {
+  Boxes.Inks[0xFE98] = {5, 0, 6, 5, 6, {}, {}};
+  EXPECT_EQ(Rows(Glyph(0xFE76)), "2-3");  // its lower edge was 5 above the base line, and is 7
+  Boxes.Inks[0xFE92] = {5, 0, 4, 5, 6, {}, {}};
+  EXPECT_EQ(Rows(Glyph(0xFE7A)), "9-10");
 }
 
 TEST_F(GlyphCells, CharacterOfTwoUnitsHasItsExtent) {

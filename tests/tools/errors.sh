@@ -40,6 +40,16 @@ run show good.txt --size nan
 expect_error 2 '--size'
 run show good.txt --digits roman
 expect_error 2 "--digits: .*'roman'"
+run show good.txt --align middle
+expect_error 2 "align.*leading, center, trailing"
+run show good.txt --trim letter
+expect_error 2 "trim.*none, character, word"
+run show good.txt --scale 0
+expect_error 2 'scale'
+for look in 5 5-3=#000000 0-1 0-1=red '0-1=#12345' '0-1=#000000,fat' '0-1=-,size=1' '0-1=' -1-2=-; do
+  run show good.txt "--attr=$look"
+  expect_error 2 'attr'
+done
 run show good.txt --option Bogus
 expect_error 2 "--option: .*'Bogus'"
 run show good.txt --window -o page.png

@@ -42,7 +42,8 @@ cmp -s one.png both.png && fail "the second text is not drawn"
 printf 'متن ۱۲ و 34 و 5"\n\nسلام abc\n' >options.txt
 run show options.txt -o plain.png
 expect_done
-for options in '--width 500' '--size 24' '--digits arabic' '--option ReplaceQuoteWithPrimeInMeasures' \
+for options in '--align center' '--no-wrap --width 60' '--attr 0-3=#C00000' '--attr 0-3=-,bold' '--attr 0-3=-,size=30' \
+  '--scale 1.5' '--boxes' '--no-wrap --width 60 --trim character' '--width 500' '--size 24' '--digits arabic' '--option ReplaceQuoteWithPrimeInMeasures' \
   '--paragraph ltr' '--font FreeSerif'; do
   # shellcheck disable=SC2086
   run show options.txt -o changed.png $options
@@ -55,6 +56,18 @@ cp changed.png dejavu.png
 run show options.txt -o changed.png --font 'DejaVu Sans'
 expect_done
 cmp -s changed.png dejavu.png || fail "letter case matters in a family name"
+# The frames, a line for each text, and nothing drawn.
+run show options.txt a/page.txt --dump --width 300
+expect_done
+[ "$(wc -l <"$out")" -eq 2 ] || fail "not a line for each text"
+python3 - "$out" <<'PYTHON' || fail "no frames: $(head -c 300 "$out")"
+import json, sys
+pages = [json.loads(line) for line in open(sys.argv[1], encoding="utf-8")]
+assert [len(page["Paragraphs"]) for page in pages] == [3, 1], pages
+run = pages[1]["Paragraphs"][0]["Frame"]["Lines"][0]["Runs"][0]
+assert run["RightToLeft"] and run["Length"] == 4, run
+PYTHON
+[ ! -e out ] || fail "pictures are written"
 rm ./*.png
 
 # A picture that cannot be finished leaves the former one, and no part of the new one.

@@ -3,6 +3,7 @@
 #include <iostream>
 #include <memory>
 
+#include "platform/FontGlyphs.h"
 #include "tools/orv/Commands.h"
 #include "tools/orv/eval/Eval.h"
 
@@ -16,10 +17,12 @@ void AddEvalCommand(CLI::App& app) {
   const auto list = std::make_shared<bool>(false);
   eval->add_flag("--list", *list, "Print every op with its arguments, then end");
   eval->callback([list] {
-    if (*list)
+    if (*list) {
       orv::eval::List(std::cout);
-    else
+    } else {
+      platform::RegisterFontGlyphs();  // for layouts that ask for them; opens no font
       orv::eval::Serve(std::cin, std::cout);
+    }
   });
 }
 

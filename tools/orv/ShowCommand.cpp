@@ -1,5 +1,6 @@
 // orv show: text files as pages, in a window or as pictures.
 #include <CLI/CLI.hpp>
+#include <cmath>
 #include <filesystem>
 #include <iostream>
 #include <memory>
@@ -10,8 +11,9 @@
 #include "platform/Window.h"
 #include "tools/orv/Commands.h"
 #include "tools/orv/SettingsArguments.h"
+#include "tools/orv/ShowArguments.h"
 #include "tools/orv/TextInput.h"
-#include "tools/orv/show/Paint.h"
+#include "tools/orv/show/Page.h"
 #include "tools/orv/show/Viewer.h"
 
 namespace orv::command {
@@ -27,7 +29,12 @@ struct TArguments {
   std::string Output;
   bool HasOutput = false;
   int Width = 820;
-  show::TFontSettings Fonts;
+  show::TPageSettings Page;
+  std::vector<std::string> Attributes;
+  std::string Align = "auto";
+  std::string Trim = "none";
+  bool NoWrap = false;
+  bool Dump = false;
   std::string Paragraph = "auto";
   std::string Digits = "auto";
   TEngineArguments Engine;
@@ -35,14 +42,19 @@ struct TArguments {
   bool Verbose = false;
 };
 
-using TText = std::vector<show::TParagraph>;
+using show::TText;
 
-constexpr double SmallestPointSize = 4;
-constexpr double LargestPointSize = 400;
-
-void CheckSize(double size) {
-  if (size >= SmallestPointSize && size <= LargestPointSize) return;  // no number at all is neither
-  throw CLI::ValidationError("--size", "it must be from 4 to 400");
+// What stands as words on the command line.
+show::TPageSettings PageSettings(const TArguments& arguments) {
+  show::TPageSettings page = arguments.Page;
+  CheckBetween("--size", page.PointSize, SmallestPointSize, LargestPointSize);
+  CheckBetween("--scale", page.Scale, 0.25, 8);
+  page.Align = AlignOf("--align", arguments.Align);
+  page.Trimming = TrimmingOf("--trim", arguments.Trim);
+  page.WordWrap = !arguments.NoWrap;
+  for (const std::string& word : arguments.Attributes) page.Attributes.push_back(AttributeOf("--attr", word));
+  show::RequireFamily(page.Family);
+  return page;
 }
 
 std::vector<TText> ReadTexts(const TArguments& arguments) {
@@ -55,12 +67,14 @@ std::vector<TText> ReadTexts(const TArguments& arguments) {
   return texts;
 }
 
-platform::TFrame Picture(std::span<const TText> texts, show::TPageFonts& fonts, int width) {
-  const show::TPage page = show::LayOut(texts, fonts.Faces(), width);
-  if (page.Height > platform::MaxPictureSide)
-    throw platform::EPictureError("the page is " + std::to_string(page.Height) + " pixels high, and a picture can be " +
-                                  std::to_string(platform::MaxPictureSide) + " at most");
-  return Paint(page, fonts.Faces(), {}, 0, 0, page.Width, page.Height);
+platform::TFrame Picture(std::span<const TText> texts, const show::TPageSettings& settings, int width) {
+  show::TPage page(texts, settings, width);
+  const double height = page.Height() * settings.Scale;
+  if (height > platform::MaxPictureSide)
+    throw platform::EPictureError("the page is " + std::to_string(std::lround(height)) +
+                                  " pixels high, and a picture can be " + std::to_string(platform::MaxPictureSide) +
+                                  " at most");
+  return page.Picture({});
 }
 
 // out/NAME.png for each file; files of one name in several folders are numbered.
@@ -77,17 +91,16 @@ std::vector<fs::path> PictureNames(const std::vector<std::string>& files) {
   return names;
 }
 
-void WritePictures(const TArguments& arguments, std::span<const TText> texts, const platform::TFontCatalog& catalog) {
-  show::TPageFonts fonts(catalog, arguments.Fonts);
+void WritePictures(const TArguments& arguments, std::span<const TText> texts, const show::TPageSettings& page) {
   if (arguments.HasOutput) {
-    WritePng(arguments.Output, Picture(texts, fonts, arguments.Width));
+    WritePng(arguments.Output, Picture(texts, page, arguments.Width));
     std::cout << arguments.Output << '\n';
     return;
   }
   const std::vector<fs::path> names = PictureNames(arguments.Files);
   std::vector<platform::TFrame> pictures;  // all of them before the first is written
   for (std::size_t i = 0; i < texts.size(); ++i)
-    pictures.push_back(Picture(texts.subspan(i, 1), fonts, arguments.Width));
+    pictures.push_back(Picture(texts.subspan(i, 1), page, arguments.Width));
   std::error_code error;
   fs::create_directories(OutputFolder, error);
   for (std::size_t i = 0; i < names.size(); ++i) {
@@ -103,22 +116,29 @@ std::string WindowTitle(const std::vector<std::string>& files) {
 }
 
 void Run(const TArguments& arguments) {
-  CheckSize(arguments.Fonts.PointSize);
+  const show::TPageSettings page = PageSettings(arguments);
   const std::vector<TText> texts = ReadTexts(arguments);
-  const platform::TFontCatalog catalog;
+  show::SetUpText();
+  if (arguments.Dump) {
+    for (const TText& text : texts) {
+      show::TPage shown(std::span(&text, 1), page, arguments.Width);
+      std::cout << show::Dump(shown) << '\n';
+    }
+    return;
+  }
   const bool wantsWindow = arguments.Window || (!arguments.HasOutput && platform::DisplayIsNamed());
   if (wantsWindow) {
     try {
       const auto silent = [](const std::string&) {};
       const auto tell = [](const std::string& driver) { std::cout << "window on " << driver << std::endl; };
-      const show::TViewerSettings viewer = {WindowTitle(arguments.Files), arguments.Fonts, arguments.Width};
-      show::View(texts, catalog, viewer, arguments.Verbose ? +tell : +silent);
+      const show::TViewerSettings viewer = {WindowTitle(arguments.Files), page, arguments.Width};
+      show::View(texts, viewer, arguments.Verbose ? +tell : +silent);
       return;
     } catch (const platform::ENoDisplay&) {
       if (arguments.Window) throw;
     }
   }
-  WritePictures(arguments, texts, catalog);
+  WritePictures(arguments, texts, page);
 }
 
 }  // namespace
@@ -135,17 +155,18 @@ void AddShowCommand(CLI::App& app) {
       "\n"
       "Examples:\n"
       "  orv show examples/texts/*.txt\n"
-      "  orv show page.txt -o page.png --width 600 --font 'DejaVu Sans' --size 14 --digits persian");
+      "  orv show page.txt -o page.png --width 600 --font 'DejaVu Sans' --size 14 --digits persian\n"
+      "  orv show page.txt -o page.png --no-wrap --trim word --attr '0-5=#C00000,bold' --boxes --scale 2");
   const auto arguments = std::make_shared<TArguments>();
   show->add_option("FILE", arguments->Files, "UTF-8 text files; - is standard input")->type_name("")->required();
   CLI::Option* output =
       show->add_option("-o,--output", arguments->Output, "Write all texts into one PNG picture")->type_name("OUT.png");
-  show->add_option("--width", arguments->Width, "Width of the page in pixels")
+  show->add_option("--width", arguments->Width, "Width of the page in logical units, which are pixels at scale 1")
       ->type_name("PX")
       ->check(CLI::Range(40, platform::MaxPictureSide))
       ->capture_default_str();
-  show->add_option("--font", arguments->Fonts.Family, "Font family to be used first")->type_name("FAMILY");
-  show->add_option("--size", arguments->Fonts.PointSize, "Size of the letters in points, 96 dots an inch")
+  show->add_option("--font", arguments->Page.Family, "Font family to be used first")->type_name("FAMILY");
+  show->add_option("--size", arguments->Page.PointSize, "Size of the letters in points, 4/3 of a logical unit each")
       ->type_name("PT")
       ->capture_default_str();
   show->add_option("--paragraph", arguments->Paragraph,
@@ -158,6 +179,24 @@ void AddShowCommand(CLI::App& app) {
                    "those of each paragraph's letters")
       ->type_name("TYPE")
       ->capture_default_str();
+  show->add_option("--align", arguments->Align,
+                   "Side to which lines are aligned: leading, center, trailing, or auto for the one where each "
+                   "paragraph begins")
+      ->type_name("SIDE")
+      ->capture_default_str();
+  show->add_option("--trim", arguments->Trim, "How lines that are not wrapped are trimmed: none, character or word")
+      ->type_name("KIND")
+      ->capture_default_str();
+  show->add_flag("--no-wrap", arguments->NoWrap, "Leave each paragraph on one line");
+  show->add_option("--attr", arguments->Attributes,
+                   "Look of the units START to END - 1 of each text: START-END=COLOR[,bold,italic,underline,strike,"
+                   "size=N], the colour as #RRGGBB, #AARRGGBB or -")
+      ->type_name("RANGE=LOOK")
+      ->allow_extra_args(false);
+  show->add_option("--scale", arguments->Page.Scale, "Pixels of a logical unit")->type_name("N")->capture_default_str();
+  show->add_flag("--boxes", arguments->Page.Boxes, "Draw the lines, runs and caret stops over the text");
+  show->add_flag("--dump", arguments->Dump, "Print the measured frames as JSON, a line for each text, and draw nothing")
+      ->excludes(output);
   arguments->Engine.AddTo(*show);
   show->add_flag("--window", arguments->Window, "Show a window, and fail where there is no display")->excludes(output);
   show->add_flag("-v,--verbose", arguments->Verbose, "Tell the display driver when the window stands");

@@ -15,6 +15,7 @@
 #include "textlayout/Orv.FontGlyphs.h"
 #include "textlayout/Orv.TextLayout.GPU.h"
 #include "tools/orv/eval/Arguments.h"
+#include "tools/orv/eval/LayoutValues.h"
 
 namespace orv::eval {
 namespace {
@@ -216,7 +217,9 @@ TJson Line(const TGPULine& line) {
           {"Runs", runs}};
 }
 
-TJson Frame(const TGPUFrame& frame) {
+}  // namespace
+
+TJson FrameValue(const TGPUFrame& frame) {
   TJson lines = TJson::array();
   for (std::int32_t i = 0; i < frame.Count(); ++i) lines.push_back(Line(frame.Line(i)));
   return {{"TopLeft", Point(frame.TopLeft())},
@@ -224,6 +227,8 @@ TJson Frame(const TGPUFrame& frame) {
           {"Height", Number(frame.Height())},
           {"Lines", lines}};
 }
+
+namespace {
 
 // --- Queries ---
 
@@ -307,7 +312,7 @@ TJson Layout(const TArguments& arguments) {
   TJson result = {{"RightToLeft", layout->RightToLeft()},
                   {"Width", Number(layout->TextWidth())},
                   {"Height", Number(layout->TextHeight())},
-                  {"Frame", Frame(layout->Frame())}};
+                  {"Frame", FrameValue(layout->Frame())}};
   TJson draws = arguments.Has("draw") && arguments.Bool("draw") ? Draws(*layout) : TJson::array();
   TJson answers = TJson::array();
   if (arguments.Has("queries"))

@@ -5,8 +5,6 @@
 #include <memory>
 
 #include "platform/Window.h"
-#include "tools/orv/show/Layout.h"
-#include "tools/orv/show/Paint.h"
 
 namespace orv::show {
 namespace {
@@ -22,9 +20,8 @@ constexpr int FirstHeight = 760;
 
 class TViewer {
  public:
-  TViewer(std::span<const std::vector<TParagraph>> texts, const platform::TFontCatalog& catalog,
-          const TViewerSettings& settings)
-      : FTexts(texts), FCatalog(catalog), FSettings(settings), FWindow(settings.Title, settings.Width, FirstHeight) {
+  TViewer(std::span<const TText> texts, const TViewerSettings& settings)
+      : FTexts(texts), FSettings(settings), FWindow(settings.Title, Pixels(settings.Width), FirstHeight) {
     SetZoom(1);
   }
 
@@ -63,7 +60,7 @@ class TViewer {
   }
 
   void Press(TWindowKey key) {
-    const int page = std::max(LineStep(), FWindow.Height() - LineStep());
+    const int page = std::max(LineStep(), Units(FWindow.Height()) - LineStep());
     switch (key) {
       case TWindowKey::Escape:
       case TWindowKey::Q:
@@ -86,7 +83,7 @@ class TViewer {
         ScrollTo(0);
         break;
       case TWindowKey::End:
-        ScrollTo(FPage.Height);
+        ScrollTo(FPage->Height());
         break;
       case TWindowKey::Plus:
         SetZoom(FZoom * ZoomStep);
@@ -102,47 +99,46 @@ class TViewer {
     }
   }
 
-  int LineStep() { return LineHeight(FFonts->Faces().Text.PixelSize); }
+  int Pixels(double units) const { return static_cast<int>(std::lround(units * FSettings.Page.Scale)); }
+  int Units(int pixels) const { return static_cast<int>(pixels / FSettings.Page.Scale); }
+
+  int LineStep() const { return std::max(1, static_cast<int>(FSettings.Page.PointSize * FZoom * 2.4)); }
 
   void SetZoom(double zoom) {
     FZoom = std::clamp(zoom, SmallestZoom, LargestZoom);
-    TFontSettings fonts = FSettings.Fonts;
-    fonts.PointSize *= FZoom;
-    FFonts = std::make_unique<TPageFonts>(FCatalog, fonts);
     Reflow();
   }
 
   // The line at the window's top stays near it.
   void Reflow() {
-    const double share = FPage.Height > 0 ? static_cast<double>(FTop) / FPage.Height : 0;
+    const double share = FPage && FPage->Height() > 0 ? static_cast<double>(FTop) / FPage->Height() : 0;
     const int widest = static_cast<int>(FSettings.Width * FZoom);
-    FPage = LayOut(FTexts, FFonts->Faces(), std::min(FWindow.Width(), widest));
-    ScrollTo(static_cast<int>(std::lround(share * FPage.Height)));
+    TPageSettings page = FSettings.Page;
+    page.PointSize *= FZoom;
+    FPage = std::make_unique<TPage>(FTexts, page, std::max(1, std::min(Units(FWindow.Width()), widest)));
+    ScrollTo(static_cast<int>(std::lround(share * FPage->Height())));
   }
 
-  void ScrollTo(int top) { FTop = std::clamp(top, 0, std::max(0, FPage.Height - FWindow.Height())); }
+  void ScrollTo(int top) { FTop = std::clamp(top, 0, std::max(0, FPage->Height() - Units(FWindow.Height()))); }
 
   void Paint() {
-    const int left = (FWindow.Width() - FPage.Width) / 2;
-    FWindow.Show(show::Paint(FPage, FFonts->Faces(), {}, left, FTop, FWindow.Width(), FWindow.Height()));
+    const int left = (Units(FWindow.Width()) - FPage->Width()) / 2;
+    FWindow.Show(FPage->Paint({}, left, FTop, FWindow.Width(), FWindow.Height()));
   }
 
-  std::span<const std::vector<TParagraph>> FTexts;
-  const platform::TFontCatalog& FCatalog;
+  std::span<const TText> FTexts;
   const TViewerSettings& FSettings;
   TWindow FWindow;
-  std::unique_ptr<TPageFonts> FFonts;
-  TPage FPage;
+  std::unique_ptr<TPage> FPage;
   double FZoom = 1;
-  int FTop = 0;
+  int FTop = 0;  // logical units
   bool FDone = false;
 };
 
 }  // namespace
 
-void View(std::span<const std::vector<TParagraph>> texts, const platform::TFontCatalog& catalog,
-          const TViewerSettings& settings, void (*opened)(const std::string& driver)) {
-  TViewer viewer(texts, catalog, settings);
+void View(std::span<const TText> texts, const TViewerSettings& settings, void (*opened)(const std::string& driver)) {
+  TViewer viewer(texts, settings);
   opened(viewer.Window().DriverName());
   viewer.Run();
 }

@@ -4,23 +4,19 @@
 
 #include <span>
 #include <string>
-#include <vector>
 
-#include "platform/FontCatalog.h"
-#include "tools/orv/show/Fonts.h"
-#include "tools/orv/show/Paragraphs.h"
+#include "tools/orv/show/Page.h"
 
 namespace orv::show {
 
 struct TViewerSettings {
   std::string Title;
-  TFontSettings Fonts;
-  int Width = 0;  // the page's width at first, in pixels
+  TPageSettings Page;
+  int Width = 0;  // the page's width at first, in logical units
 };
 
 // Returns when the window is closed. Raises platform::ENoDisplay before it opens where there is no display;
 // opened is told the display driver's name once the window stands.
-void View(std::span<const std::vector<TParagraph>> texts, const platform::TFontCatalog& catalog,
-          const TViewerSettings& settings, void (*opened)(const std::string& driver));
+void View(std::span<const TText> texts, const TViewerSettings& settings, void (*opened)(const std::string& driver));
 
 }  // namespace orv::show

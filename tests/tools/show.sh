@@ -42,7 +42,7 @@ cmp -s one.png both.png && fail "the second text is not drawn"
 printf 'متن ۱۲ و 34 و 5"\n\nسلام abc\n' >options.txt
 run show options.txt -o plain.png
 expect_done
-for options in '--align center' '--no-wrap --width 60' '--attr 0-3=#C00000' '--attr 0-3=-,bold' '--attr 0-3=-,size=30' \
+for options in '--align center' '--no-wrap --width 60' '--attr 0-3=#C00000' '--attr 0-3=-,italic' '--attr 0-3=-,size=30' \
   '--scale 1.5' '--boxes' '--no-wrap --width 60 --trim character' '--width 500' '--size 24' '--digits arabic' '--option ReplaceQuoteWithPrimeInMeasures' \
   '--paragraph ltr' '--font FreeSerif'; do
   # shellcheck disable=SC2086

@@ -1,8 +1,9 @@
 # The same program, which knows the host framework alone, without the system's library and with it: preloaded, linked,
-# loaded while it runs, and linked statically. The environment gives PROBE, PROBE_LINKED and PROBE_STATIC (the programs),
-# LIBRARY (the shared library of the system) and HOST (that of the framework).
+# loaded while it runs, and linked statically; and one whose host is not what it claims to be. The environment gives
+# PROBE, PROBE_LINKED, PROBE_STATIC and WRONG_HOST (the programs), LIBRARY (the shared library of the system) and HOST (that
+# of the framework).
 set -uo pipefail
-: "${PROBE:?}" "${PROBE_LINKED:?}" "${PROBE_STATIC:?}" "${LIBRARY:?}" "${HOST:?}"
+: "${PROBE:?}" "${PROBE_LINKED:?}" "${PROBE_STATIC:?}" "${WRONG_HOST:?}" "${LIBRARY:?}" "${HOST:?}"
 # The sanitizers' own library need not come first.
 export ASAN_OPTIONS=verify_asan_link_order=0:detect_leaks=0
 failures=0
@@ -39,6 +40,9 @@ check 'loaded while it runs' "$installed" "$PROBE" "$LIBRARY"
 check 'linked statically' "$installed" "$PROBE_STATIC"
 # A program without the framework's platform has nothing to swap, and hears nothing.
 check 'preloaded to a stranger' 'hello' env LD_PRELOAD="$LIBRARY" /bin/echo hello
+# The library says why it is not installed, and the application goes on.
+check 'loaded by a host of another make' "orv: not installed: RegisterCanvasClasses: the class is no canvas
+the host's own" "$WRONG_HOST" "$LIBRARY"
 
 # The program itself knows nothing of the system's library.
 if readelf -d "$PROBE" | grep -q 'NEEDED.*liborv\.so'; then

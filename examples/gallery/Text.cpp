@@ -10,7 +10,6 @@ std::unique_ptr<fmx::TTextLayout> Lay(fmx::TCanvas& canvas, const fmx::TRectF& b
   layout->BeginUpdate();
   layout->Font().SetSize(style.Size);
   layout->Font().SetFamily(style.Family);
-  if (style.Bold) layout->Font().SetStyle({fmx::TFontStyle::Bold});
   layout->SetColor(style.Color);
   layout->SetHorizontalAlign(style.Horizontal);
   layout->SetVerticalAlign(style.Vertical);

@@ -16,7 +16,6 @@ struct TTextStyle {
   fmx::TTextAlign Vertical = fmx::TTextAlign::Center;
   bool Wrap = false;
   fmx::TTextTrimming Trimming = fmx::TTextTrimming::None;
-  bool Bold = false;
   std::u16string_view Family = u"DejaVu Sans";
 };
 

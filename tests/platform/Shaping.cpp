@@ -3,9 +3,13 @@
 
 #include <chrono>
 #include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <random>
 
 #include "fmx/Log.h"
+#include "platform/FontCatalog.h"
 #include "platform/FontGlyphs.h"
 #include "platform/SoftwareCanvas.h"
 #include "textlayout/Orv.FontGlyphs.h"
@@ -140,6 +144,40 @@ TEST_F(Shaping, SizesAndRangesThatMakeNoSenseDoNoHarm) {
   EXPECT_TRUE(Shaped(u"", 0, 0, true).Clusters.empty());
   for (const std::u16string text : {u"\xD800", u"\xDC00\xD83D", u"\xD83D", u"\u0000\u0001"})
     EXPECT_TRUE(std::isfinite(Shaped(text, 0, static_cast<std::int32_t>(text.size()), false, Nastaliq, true).Width));
+}
+
+// Bit-flipped files: the clusters still hold every unit, and nothing is infinite.
+TEST_F(Shaping, HostileFilesDoNoHarm) {
+  std::mt19937 random(11);
+  const auto file = TFontCatalog().Find("Noto Nastaliq Urdu");
+  ASSERT_TRUE(file);
+  std::ifstream stream(file->Path, std::ios::binary);
+  const std::vector<char> good{std::istreambuf_iterator<char>(stream), {}};
+  const auto folder = std::filesystem::temp_directory_path() / ("orv-shaping-" + std::to_string(::getpid()));
+  std::filesystem::create_directories(folder);
+  const std::string name = (folder / "hostile.ttf").string();
+  for (int round = 0; round < 30; ++round) {
+    std::vector<char> bad = good;
+    if (round % 5 == 0) bad.resize(random() % bad.size());
+    for (int i = 0; i < 600 && !bad.empty(); ++i)
+      bad[random() % (i % 3 == 0 ? std::min<std::size_t>(bad.size(), 4096) : bad.size())] ^=
+          static_cast<char>(1 << random() % 8);
+    std::ofstream(name, std::ios::binary).write(bad.data(), static_cast<std::streamsize>(bad.size()));
+    fmx::TShapeRequest request;
+    request.Text = Urdu;
+    request.Length = static_cast<std::int32_t>(Urdu.size());
+    request.RightToLeft = true;
+    request.WantsPicture = true;
+    request.Font = {u"Hostile", {}, 24, 1};
+    request.Font.File = std::u16string(name.begin(), name.end());
+    const auto shaped = MakeFontGlyphs()->Shape(request);
+    EXPECT_TRUE(std::isfinite(shaped.Width));
+    EXPECT_GT(shaped.Height, 0);
+    std::int32_t units = 0;
+    for (const auto& cluster : shaped.Clusters) units += cluster.Length;
+    EXPECT_EQ(units, request.Length);
+  }
+  std::filesystem::remove_all(folder);
 }
 
 // --- In a layout ---

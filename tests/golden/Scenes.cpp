@@ -81,16 +81,12 @@ const TScene All[] = {
     {"hebrew-dagesh", u"בּוֹקֶר שִׂמְחָה תּוֹדָה", Right},
     // Wrapping
     {"wrap-persian",
-     u"حافظهٔ نهان یک سیستم ذخیره‌سازی موقت به منظور افزایش سرعت "
-     u"دسترسی "
-     u"به "
-     u"داده "
-     u"است.",
+     u"حافظهٔ نهان یک سیستم ذخیره‌سازی موقت به "
+     u"منظور افزایش سرعت دسترسی به داده است.",
      WrapRight, 300, 84},
     {"wrap-mixed",
-     u"برنامهٔ SpamAssassin نامه‌های ناخواسته را می‌شناسد و با امتیاز 5.0 "
-     u"کنار "
-     u"می‌گذارد.",
+     u"برنامهٔ SpamAssassin نامه‌های ناخواسته را می‌شناسد "
+     u"و با امتیاز 5.0 کنار می‌گذارد.",
      WrapRight, 300, 84},
     {"wrap-hebrew", u"בכתב העברי 22 אותיות, וחמש מהן לובשות צורה אחרת בסוף המילה.", WrapRight, 300, 84},
     {"wrap-latin", u"In English prose a name like سعدی stands in its place, and the line goes on.", Wrap, 300, 84},

@@ -18,12 +18,21 @@ class TFontService : public fmx::IFontService {
   float GetDefaultFontSize() override { return 14; }
 };
 
+// A folder that the environment names, without a '/' at its end; empty for none.
+std::string FolderFrom(const char* variable) {
+  const char* value = std::getenv(variable);
+  std::string folder = value == nullptr ? "" : value;
+  while (folder.ends_with('/')) folder.pop_back();
+  return folder;
+}
+
 class TFolderService : public fmx::IFolderService {
  public:
   std::u16string GetDocumentsFolder() override {
-    if (const char* named = std::getenv("XDG_DOCUMENTS_DIR")) return rtl::FromUtf8(named);
-    const char* home = std::getenv("HOME");
-    return home == nullptr ? std::u16string() : rtl::FromUtf8(std::string(home) + "/Documents");
+    const std::string named = FolderFrom("XDG_DOCUMENTS_DIR");
+    if (!named.empty()) return rtl::FromUtf8(named);
+    const std::string home = FolderFrom("HOME");
+    return home.empty() ? std::u16string() : rtl::FromUtf8(home + "/Documents");
   }
 };
 

@@ -16,7 +16,11 @@ namespace {
 class TFrameBuilder {
  public:
   TFrameBuilder(std::unique_ptr<TFrameStore> store, std::u16string_view text, fmx::TAlphaColor color, bool rightToLeft)
-      : FText(text), FColor(color), FRightToLeft(rightToLeft), FFrame(std::make_unique<TGPUFrame>(std::move(store))) {}
+      : FText(text),
+        FColor(color),
+        FRightToLeft(rightToLeft),
+        FFrame(std::make_unique<TGPUFrame>(std::move(store))),
+        FList(TStoreAllocator<std::int32_t>(FFrame->Store())) {}
 
   std::unique_ptr<TGPUFrame> EmptyText() {
     StartLine(0);
@@ -27,7 +31,9 @@ class TFrameBuilder {
   std::unique_ptr<TGPUFrame> Build(const TDirectionalRuns& runs) {
     ORV_ASSERT(runs.Offsets.size() == runs.Bidi.size() + 1 && runs.VisualOrder.size() == runs.Bidi.size(),
                "The engine's lists differ in length");
-    Store().Atoms.reserve(FText.size());
+    AppendUtf16(FText, Store().Atoms);
+    FHasPairs = Store().Atoms.size() != FText.size();
+    if (FHasPairs) Store().Atoms.clear();
     StartLine(0);
     for (std::size_t i = 0; i < runs.Bidi.size(); ++i) AddSegment(runs, i);
     if (FLine->IsEmpty()) AddEmptyRun(runs.Offsets.empty() ? 0 : runs.Offsets.back());
@@ -83,7 +89,10 @@ class TFrameBuilder {
   void AddTextRun(std::int32_t start, std::int32_t end, bool rightToLeft) {
     const TGPURun* previous = FLine->IsEmpty() ? nullptr : &FLine->Item(FLine->Count() - 1);
     TGPURun& run = AddRun();
-    run.SetText(FText, start, end - start, rightToLeft);
+    if (FHasPairs)
+      run.SetText(FText, start, end - start, rightToLeft);
+    else
+      run.TakeText(start, end - start, rightToLeft);
     if (TOrvGlobalSettings::ReplaceQuoteWithPrimeInMeasures()) run.ReplaceQuoteMeasuresToPrimes(previous);
     if (rightToLeft)
       run.PrepareComplexArabicCombinations();
@@ -94,9 +103,10 @@ class TFrameBuilder {
   std::u16string_view FText;
   fmx::TAlphaColor FColor;
   bool FRightToLeft;
+  bool FHasPairs = false;
   std::unique_ptr<TGPUFrame> FFrame;
-  std::vector<std::int32_t> FList;  // the visual order of a paragraph
-  TGPULine* FLine = nullptr;        // the one that runs are added to
+  TStoredVector<std::int32_t> FList;  // the visual order of a paragraph
+  TGPULine* FLine = nullptr;          // the one that runs are added to
 };
 
 }  // namespace
@@ -107,7 +117,9 @@ std::unique_ptr<TGPUFrame> TTextLayoutNGOrv::CreateFrame(std::unique_ptr<TFrameS
   TFrameBuilder builder(std::move(store), Text(), Color(), RightToLeft());
   if (Text().empty()) return builder.EmptyText();
   FCharSequence = Text();
-  return builder.Build(TDirectiveChars::SplitByDirection(FCharSequence, TParagraphBidi::AutoRightToLeft));
+  thread_local TDirectionalRuns runs;  // keeps its memory
+  TDirectiveChars::SplitByDirection(FCharSequence, TParagraphBidi::AutoRightToLeft, runs);
+  return builder.Build(runs);
 }
 
 }  // namespace orv

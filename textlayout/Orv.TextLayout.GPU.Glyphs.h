@@ -27,9 +27,11 @@ TFontKey FontKeyOf(const fmx::TFont& font, float scale);
 class TAtomDic {
  public:
   // Null where the atom was not met yet. The look-up of a code point is two steps through pages of 256.
-  fmx::TCharRec* Find(UCS4Char atom) const {
+  fmx::TCharRec* Find(UCS4Char atom) const { return atom < CodePoints ? FindInPages(atom) : FindBeyond(atom); }
+  // Code points alone; null for other values.
+  fmx::TCharRec* FindInPages(UCS4Char atom) const {
     const TPage* page = atom < CodePoints ? FPages[atom >> 8].get() : nullptr;
-    return page != nullptr ? (*page)[atom & 0xFF].get() : FindBeyond(atom);
+    return page != nullptr ? (*page)[atom & 0xFF].get() : nullptr;
   }
   fmx::TCharRec& Add(UCS4Char atom);
 

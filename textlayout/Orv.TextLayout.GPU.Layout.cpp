@@ -1,7 +1,7 @@
 // The layout pass: the loops over lines, runs and glyphs.
 #include <algorithm>
+#include <limits>
 #include <utility>
-#include <vector>
 
 #include "fmx/Log.h"
 #include "rtl/Assertions.h"
@@ -28,7 +28,7 @@ TLayoutPass::TLayoutPass(TTextLayoutNGOrv& layout, TGPUFrame& frame)
 
 // Wrapping puts the rest of a line behind it; a rest waits with the lines below it, so that each line is added once.
 void TLayoutPass::Run() {
-  std::vector<TStored<TGPULine>> waiting;  // the next one last
+  TStoredVector<TStored<TGPULine>> waiting{TStoreAllocator<TStored<TGPULine>>(FFrame.Store())};  // the next one last
   while (!FFrame.IsEmpty()) waiting.push_back(FFrame.TakeLast());
   while (!waiting.empty()) {
     FFrame.Add(std::move(waiting.back()));
@@ -91,8 +91,7 @@ std::int32_t TLayoutPass::VisualPlaceBehindTab(const TGPULine& line, std::int32_
 // Answers whether the run has been measured by its internal text layout.
 bool TLayoutPass::MeasureByRenderer(TGPULine& line, std::int32_t lineIndex, std::int32_t& runIndex, TGPURun& run) {
   if (run.Length() == 0) return false;
-  const fmx::TFont& font = FLayout.GetFontFor(run);
-  if (!TFontGlyphManagerOrv::Current().FontRendererRequired(font)) return false;
+  if (!NeedsRenderer(run)) return false;
   const std::int32_t itemIndex = line.IndexOf(run);
   line.SplitAtTabs(FLayout, itemIndex, line.FindVisualIndexOf(itemIndex));
   run.UpdateTextLayout(run.Font(), lineIndex, FLayout);
@@ -124,44 +123,79 @@ void TLayoutPass::MeasureEmptyRun(TGPULine& line, TGPURun& run) const {
 
 // --- The glyph loop ---
 
+// Glyphs as they are added to a run and its line.
+struct TLayoutPass::TPen {
+  float Width;       // of the run
+  float LineWidth;   // of the line
+  float Highest;     // of the run's glyphs
+  float LastHeight;  // of the glyph before, in device pixels; as a rule all of a font have the same
+
+  void Add(float advance, float height, float scale) {
+    Width += advance;
+    LineWidth += advance;
+    LastHeight = height;
+    Highest = std::max(Highest, height * scale);
+  }
+};
+
+// Adds glyphs from the atom on as long as they are known, as high as the one before them, and fit. Answers the first
+// one that needs more care.
+std::int32_t TLayoutPass::AddPlainGlyphs(const TMeasured& m, std::int32_t atom, float limit, TPen& pen) const {
+  const std::span<const UCS4Char> atoms = m.Run.Atoms();
+  const TAtomDic& dic = m.Dic;
+  const float scale = FScaleFactor;
+  const float height = pen.LastHeight;
+  float width = pen.Width;
+  float lineWidth = pen.LineWidth;
+  auto k = static_cast<std::size_t>(atom);
+  for (; k < atoms.size(); ++k) {
+    const fmx::TCharRec* known = dic.FindInPages(atoms[k]);
+    if (known == nullptr || known->Glyph.VerticalAdvance != height || atoms[k] == U'\t') break;
+    const float advance = known->Glyph.Advance * scale;
+    if (lineWidth + advance > limit) break;
+    width += advance;
+    lineWidth += advance;
+  }
+  pen.Width = width;
+  pen.LineWidth = lineWidth;
+  return static_cast<std::int32_t>(k);
+}
+
 // Adds the glyphs to the run and its line. Answers the first atom that does not fit.
 std::optional<std::int32_t> TLayoutPass::MeasureGlyphs(const TMeasured& m) {
   ORV_ASSERT(m.Run.ImageRect().IsEmpty(), "A run is measured twice");
-  const std::span<const UCS4Char> atoms = m.Run.Atoms();
-  const auto count = static_cast<std::int32_t>(atoms.size());
-  const float scale = FScaleFactor;
-  const float maxWidth = FMaxWidth;
-  float width = m.Run.GetWidth();
-  float height = m.Run.ImageRect().Height();
-  float lineWidth = m.Line.Width();
-  bool mayOverflow = (FTestsOverflow && width > 0) || TestsFirstGlyph(m);
+  constexpr float never = std::numeric_limits<float>::infinity();
+  const float limit = FTestsOverflow ? FMaxWidth : never;
+  const std::int32_t count = m.Run.UCS4Length();
+  TPen pen{m.Run.GetWidth(), m.Line.Width(), m.Run.ImageRect().Height(), -1};
+  bool asksFirst = TestsFirstGlyph(m);
   std::int32_t k = 0;
   for (; k < count; ++k) {
-    const UCS4Char atom = atoms[static_cast<std::size_t>(k)];
+    if (pen.Width > 0) k = AddPlainGlyphs(m, k, limit, pen);
+    if (k == count) break;
     float advance = 0;
-    float glyphHeight = 0;
-    if (atom == U'\t') [[unlikely]] {
-      advance = FLayout.GetNextTab(m.Run, k, lineWidth) * scale;
-      glyphHeight = TabHeight(m);
+    float height = 0;
+    if (m.Run.Atom(k) == U'\t') {
+      advance = Scaled(FLayout.GetNextTab(m.Run, k, pen.LineWidth));
+      height = TabHeight(m);
     } else {
-      const fmx::TFontGlyph& glyph = CharGlyph(m, atom).Glyph;
-      advance = glyph.Advance * scale;
-      glyphHeight = glyph.VerticalAdvance * scale;
+      const fmx::TFontGlyph& glyph = CharGlyph(m, m.Run.Atom(k)).Glyph;
+      advance = Scaled(glyph.Advance);
+      height = glyph.VerticalAdvance;
     }
-    if (mayOverflow && lineWidth + advance > maxWidth) break;
-    width += advance;
-    lineWidth += advance;
-    height = glyphHeight > height ? glyphHeight : height;
-    mayOverflow = FTestsOverflow && width > 0;
+    if ((asksFirst || pen.Width > 0) && pen.LineWidth + advance > limit) break;
+    pen.Add(advance, height, FScaleFactor);
+    asksFirst = false;
   }
-  m.Run.SetExtent(width, height);
-  m.Line.SetWidth(lineWidth);
-  m.Line.MakeAtLeastAsHighAs(height);
+  m.Run.SetExtent(pen.Width, pen.Highest);
+  m.Line.SetWidth(pen.LineWidth);
+  m.Line.MakeAtLeastAsHighAs(pen.Highest);
   return k < count ? std::optional(k) : std::nullopt;
 }
 
+// Device pixels.
 float TLayoutPass::TabHeight(const TMeasured& m) const {
-  return Corrects(TOrvCorrection::TabHeight) ? Scaled(CharGlyph(m, U' ').Glyph.VerticalAdvance) : 0;
+  return Corrects(TOrvCorrection::TabHeight) ? CharGlyph(m, U' ').Glyph.VerticalAdvance : 0;
 }
 
 // A run that has no width yet is not asked whether it overflows, so that every run keeps a glyph on its line. With
@@ -205,11 +239,14 @@ void TLayoutPass::AddEllipsis(const TMeasured& m) {
 // Most runs have the font of the one before them, which is looked up by its name.
 TAtomDic& TLayoutPass::DictionaryOf(const TGPURun& run) const {
   const fmx::TFont& font = FLayout.GetFontFor(run);
-  if (&font != FLastFont) {
-    FLastFont = &font;
-    FLastDic = &FLayout.DictionaryOf(run);
-  }
-  return *FLastDic;
+  if (&font != FLastFont.Font)
+    FLastFont = {&font, &FLayout.DictionaryOf(run), TFontGlyphManagerOrv::Current().FontRendererRequired(font)};
+  return *FLastFont.Dic;
+}
+
+bool TLayoutPass::NeedsRenderer(const TGPURun& run) const {
+  DictionaryOf(run);
+  return FLastFont.NeedsRenderer;
 }
 
 const fmx::TCharRec& TLayoutPass::CharGlyph(const TMeasured& m, UCS4Char character) const {

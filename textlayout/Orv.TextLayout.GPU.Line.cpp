@@ -36,11 +36,6 @@ TList InverseOf(const TList& list) {
 
 // --- Runs ---
 
-TGPURun& TGPULine::Item(std::int32_t index) const {
-  ORV_ASSERT(index >= 0 && index < Count(), "No run of the line");
-  return *ItemAt(std::clamp(index, 0, Count() - 1)).Run;
-}
-
 std::int32_t TGPULine::IndexOf(const TGPURun& run) const {
   for (std::int32_t i = 0; i < Count(); ++i)
     if (ItemAt(i).Run.get() == &run) return i;
@@ -61,8 +56,10 @@ void TGPULine::SettleOrder() const {
   FOrderWaits = false;
   FOrder.resize(static_cast<std::size_t>(Count()));
   std::iota(FOrder.begin(), FOrder.end(), 0);
-  const auto byKey = [this](std::int32_t a, std::int32_t b) { return ItemAt(a).Key < ItemAt(b).Key; };
-  if (!std::is_sorted(FOrder.begin(), FOrder.end(), byKey)) std::stable_sort(FOrder.begin(), FOrder.end(), byKey);
+  const auto byKey = [this](std::int32_t a, std::int32_t b) {
+    return std::pair(ItemAt(a).Key, a) < std::pair(ItemAt(b).Key, b);
+  };
+  if (!std::is_sorted(FOrder.begin(), FOrder.end(), byKey)) std::sort(FOrder.begin(), FOrder.end(), byKey);
   if (!ReadsPlaces()) FOrder = InverseOf(FOrder);
 }
 
@@ -193,6 +190,7 @@ TStored<TGPULine> TGPULine::MoveToNewLine(std::int32_t from, TStored<TGPURun> fi
   FItems = std::move(keptItems);
   FHead = 0;
   if (FStore->HasRenderers) line->MoveRenderersDown();
+  line->FIsRest = !wasPlaced || FIsRest;
   if (wasPlaced) line->MoveToTheLeftEdge();
   return line;
 }
@@ -292,7 +290,8 @@ void TGPULine::MakeAtLeastAsHighAs(float height) {
 void TGPULine::ResetSize() {
   FWidth = 0;
   FHeight = 0;
-  for (std::int32_t i = 0; i < Count(); ++i) Item(i).SetImageRect({});
+  const std::int32_t count = FIsRest ? std::min(Count(), 1) : Count();
+  for (std::int32_t i = 0; i < count; ++i) Item(i).SetImageRect({});
 }
 
 void TGPULine::OffsetEachRunXPosition(float delta) {

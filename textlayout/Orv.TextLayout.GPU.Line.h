@@ -1,6 +1,7 @@
 // The lines of a laid-out text.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <span>
@@ -8,6 +9,7 @@
 #include <vector>
 
 #include "fmx/Geometry.h"
+#include "rtl/Assertions.h"
 #include "textlayout/Orv.TextLayout.GPU.Run.h"
 
 namespace orv {
@@ -33,7 +35,10 @@ class TGPULine {
   std::int32_t Count() const { return static_cast<std::int32_t>(FItems.size() - FHead); }
   bool IsEmpty() const { return Count() == 0; }
   // The index is held within the line, which is not empty.
-  TGPURun& Item(std::int32_t index) const;
+  TGPURun& Item(std::int32_t index) const {
+    ORV_ASSERT(index >= 0 && index < Count(), "No run of the line");
+    return *ItemAt(std::clamp(index, 0, Count() - 1)).Run;
+  }
   // -1 where the run is not of this line.
   std::int32_t IndexOf(const TGPURun& run) const;
   TGPURun& Add(TStored<TGPURun> run);
@@ -93,7 +98,7 @@ class TGPULine {
   void SetTopLeft(fmx::TPointF topLeft) { FTopLeft = topLeft; }
   float Bottom() const { return FTopLeft.Y + FHeight; }
 
-  // No width, no height, and no box of any run.
+  // No width, no height, and no box of any run. Of a rest that wrapping made only the first run can have one.
   void ResetSize();
   void OffsetEachRunXPosition(float delta);
   // The runs from that visual index on.
@@ -131,6 +136,7 @@ class TGPULine {
   mutable TStoredVector<std::int32_t> FOrder;
   mutable bool FOrderWaits = false;
   bool FTabsSplit = false;
+  bool FIsRest = false;
   fmx::TPointF FTopLeft;
   float FHeight = 0;
   float FWidth = 0;

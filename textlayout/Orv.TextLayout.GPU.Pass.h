@@ -44,6 +44,8 @@ class TLayoutPass {
   bool MeasureByRenderer(TGPULine& line, std::int32_t lineIndex, std::int32_t& runIndex, TGPURun& run);
   void MeasureEmptyRun(TGPULine& line, TGPURun& run) const;
   std::optional<std::int32_t> MeasureGlyphs(const TMeasured& m);
+  struct TPen;
+  std::int32_t AddPlainGlyphs(const TMeasured& m, std::int32_t atom, float limit, TPen& pen) const;
   float TabHeight(const TMeasured& m) const;
   bool TestsFirstGlyph(const TMeasured& m) const;
   void BreakRun(const TMeasured& m, std::int32_t overflow, std::int32_t lineIndex, std::int32_t& runIndex);
@@ -93,6 +95,7 @@ class TLayoutPass {
 
   // --- Glyphs; advances in device pixels ---
   TAtomDic& DictionaryOf(const TGPURun& run) const;
+  bool NeedsRenderer(const TGPURun& run) const;
   const fmx::TCharRec& CharGlyph(const TMeasured& m, UCS4Char character) const;
   float AdvanceOf(const TMeasured& m, std::int32_t atom) const;
   float AdvanceOf(const TGPURun& run, std::int32_t atom) const;
@@ -119,8 +122,12 @@ class TLayoutPass {
   const fmx::TCharRec* FEllipsis = nullptr;
   float FTrimEnd = TrimEndUnset;
   std::int32_t FKeep = 0;
-  mutable const fmx::TFont* FLastFont = nullptr;
-  mutable TAtomDic* FLastDic = nullptr;
+  struct TUsedFont {
+    const fmx::TFont* Font = nullptr;
+    TAtomDic* Dic = nullptr;
+    bool NeedsRenderer = false;
+  };
+  mutable TUsedFont FLastFont;
 };
 
 }  // namespace orv

@@ -213,6 +213,11 @@ void TGPURun::SetColor(fmx::TAlphaColor color, bool isDefault) {
   FIsDefaultColor = isDefault;
 }
 
+void TGPURun::SetExtent(float width, float height) {
+  FImageRect.Right = FImageRect.Left + width;
+  FImageRect.Bottom = FImageRect.Top + height;
+}
+
 void TGPURun::MoveTo(float left) {
   const float width = GetWidth();
   FImageRect.Left = left;

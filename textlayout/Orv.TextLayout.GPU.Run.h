@@ -79,6 +79,12 @@ class TGPURun {
 
   // Takes the units from start on, which are held within the text; a surrogate pair makes one atom.
   void SetText(std::u16string_view text, std::int32_t start, std::int32_t length, bool rightToLeft);
+  // The same where the store has the atoms of the whole text already, one for each unit.
+  void TakeText(std::int32_t start, std::int32_t length, bool rightToLeft) {
+    FFirstAtom = FStartIndex = start;
+    FAtomCount = FLength = length;
+    FRightToLeft = rightToLeft;
+  }
   void SetStartIndex(std::int32_t start) { FStartIndex = start; }
   void SetLength(std::int32_t length) { FLength = length; }
 
@@ -143,10 +149,7 @@ class TGPURun {
   // What was taken off may have been more than there was.
   void HoldWidth() { FImageRect.Right = FImageRect.Right < FImageRect.Left ? FImageRect.Left : FImageRect.Right; }
   // From its left top corner.
-  void SetExtent(float width, float height) {
-    FImageRect.Right = FImageRect.Left + width;
-    FImageRect.Bottom = FImageRect.Top + height;
-  }
+  void SetExtent(float width, float height);
   void MoveTo(float left);
   void OffsetX(float delta) { FImageRect = FImageRect.Offset(delta, 0); }
 

@@ -18,32 +18,23 @@ struct THitAtom {
   std::int32_t Offset;
 };
 
-// Device pixels.
-float AtomAdvance(const TTextLayoutNGOrv& layout, const TGPURun& run, std::int32_t index, TAtomDic& dic) {
-  if (run.Atom(index) == U'\t') return layout.GetTabAdvance(run, index);
-  return run.AddOrGetAtomGlyph(nullptr, index, dic, layout.GetFontFor(run), layout.Scale()).Glyph.Advance;
-}
-
-// The units that a walk over the atoms counts for one.
-constexpr std::int32_t UnitsBehind(UCS4Char atom) {
-  return AtomParts(atom) >= 2 ? AtomParts(atom) : OwnUnits(atom);
-}
-
 std::optional<THitAtom> AtomAt(const TTextLayoutNGOrv& layout, const TGPULine& line, const TGPURun& run,
                                fmx::TPointF p) {
-  TAtomDic& dic = layout.DictionaryOf(run);
-  const fmx::TRectF& rect = run.ImageRect();
-  float cursor = (run.RightToLeft() ? rect.Right : rect.Left) + line.TopLeft().X;
-  std::int32_t offset = 0;
-  for (std::int32_t i = 0; i < run.UCS4Length(); ++i) {
-    const float width = AtomAdvance(layout, run, i, dic) * layout.ScaleFactor();
-    const float other = run.RightToLeft() ? cursor - width : cursor + width;
-    const fmx::TRectF box{std::min(cursor, other), 0, std::max(cursor, other), line.Height()};
-    if (box.Touches(p, fmx::HitTolerance)) return THitAtom{box, run.Atom(i), offset};
-    offset += UnitsBehind(run.Atom(i));
-    cursor = other;
-  }
-  return std::nullopt;
+  const std::span<const TAtomPlace> places = layout.PlacesOf(run);
+  const float x = p.X - line.TopLeft().X;
+  // The first atom whose far edge lies beyond the point.
+  const auto liesBefore = [&](const TAtomPlace& place) {
+    return run.RightToLeft() ? place.Edge - fmx::HitTolerance > x : place.Edge + fmx::HitTolerance < x;
+  };
+  const auto found = std::partition_point(places.begin(), places.end(), liesBefore);
+  if (found == places.end()) return std::nullopt;
+  const auto index = static_cast<std::int32_t>(found - places.begin());
+  const float begin = run.RightToLeft() ? run.ImageRect().Right : run.ImageRect().Left;
+  const TAtomPlace before = index > 0 ? *(found - 1) : TAtomPlace{begin, 0};
+  const fmx::TRectF box{std::min(before.Edge, found->Edge) + line.TopLeft().X, 0,
+                        std::max(before.Edge, found->Edge) + line.TopLeft().X, line.Height()};
+  if (!box.Touches(p, fmx::HitTolerance)) return std::nullopt;
+  return THitAtom{box, run.Atom(index), before.Offset};
 }
 
 // The units behind the start of a ligature: its slices lie beside each other behind the first two fifths of its box.
@@ -103,6 +94,31 @@ bool TakesEveryClick(const TGPULine& line, const TGPURun& run) {
   return line.Count() == 1 || !run.Corrects(TOrvCorrection::EmptyRun);
 }
 
+// Whether the runs stand side by side in their visual order, and no empty one takes the clicks of others.
+bool IsTiled(const TGPULine& line) {
+  const TGPURun& run = line.Item(0);
+  return run.Corrects(TOrvCorrection::VisualOrders) && run.Corrects(TOrvCorrection::EmptyRun);
+}
+
+// The run that x of the line lies in, or null.
+const TGPURun* RunAt(const TGPULine& line, float x) {
+  const auto order = line.VisualOrderList();
+  const auto beginsBefore = [&](std::int32_t item) { return line.Item(item).ImageRect().Left <= x; };
+  const auto behind = std::partition_point(order.begin(), order.end(), beginsBefore);
+  if (behind == order.begin()) return nullptr;
+  const TGPURun& run = line.Item(*(behind - 1));
+  return x < run.ImageRect().Right ? &run : nullptr;
+}
+
+std::optional<std::int32_t> PositionInRun(const TTextLayoutNGOrv& layout, const TGPULine& line, const TGPURun& run,
+                                          fmx::TPointF p) {
+  if (run.UCS4Length() == 0) return run.StartIndex();
+  if (auto* renderer = run.InternalRenderer())
+    return renderer->GetOffsetForAdvance(p.X - line.TopLeft().X) + run.StartIndex();
+  if (const auto hit = AtomAt(layout, line, run, p)) return PositionIn(layout, run, *hit, p.X);
+  return std::nullopt;
+}
+
 std::optional<std::int32_t> PositionInLine(const TTextLayoutNGOrv& layout, const TGPULine& line, fmx::TPointF p) {
   if (line.IsEmpty()) return std::nullopt;
   const bool rightToLeft = layout.RightToLeft();
@@ -111,23 +127,32 @@ std::optional<std::int32_t> PositionInLine(const TTextLayoutNGOrv& layout, const
   if (p.X >= left + line.Width()) return rightToLeft ? StartOfReading(line, true) : EndOfReading(line, false);
   const float x = p.X - left;
   if (const TGPURun* run = RunBeforeEllipsis(line, rightToLeft, x)) return run->EndIndex();
+  if (line.Count() > 1 && IsTiled(line)) {
+    const TGPURun* run = RunAt(line, x);
+    return run != nullptr ? PositionInRun(layout, line, *run, p) : std::nullopt;
+  }
   for (std::int32_t i = 0; i < line.Count(); ++i) {
     const TGPURun& run = line.Item(i);
     if (run.UCS4Length() == 0 && TakesEveryClick(line, run)) return run.StartIndex();
     if (x < run.ImageRect().Left || x >= run.ImageRect().Right) continue;
-    if (run.UCS4Length() == 0) return run.StartIndex();
-    if (auto* renderer = run.InternalRenderer()) return renderer->GetOffsetForAdvance(x) + run.StartIndex();
-    if (const auto hit = AtomAt(layout, line, run, p)) return PositionIn(layout, run, *hit, p.X);
+    if (const auto position = PositionInRun(layout, line, run, p)) return position;
   }
   return std::nullopt;
 }
 
-// Looks where the lines are drawn (HitPlace).
+// Looks where the lines are drawn (HitPlace): for the first one that does not end above the point.
 std::int32_t PositionAtPlace(const TTextLayoutNGOrv& layout, fmx::TPointF p) {
   const TGPUFrame& frame = layout.Frame();
-  for (std::int32_t i = 0; i < frame.Count(); ++i) {
-    const TGPULine& line = frame.Line(i);
-    if (p.Y < line.TopLeft().Y || p.Y > line.Bottom()) continue;
+  std::int32_t low = 0;
+  for (std::int32_t high = frame.Count(); low < high;) {
+    const std::int32_t middle = (low + high) / 2;
+    if (frame.Line(middle).Bottom() < p.Y)
+      low = middle + 1;
+    else
+      high = middle;
+  }
+  for (; low < frame.Count() && frame.Line(low).TopLeft().Y <= p.Y; ++low) {
+    const TGPULine& line = frame.Line(low);
     if (const auto position = PositionInLine(layout, line, {p.X, p.Y - line.TopLeft().Y})) return *position;
   }
   return -1;

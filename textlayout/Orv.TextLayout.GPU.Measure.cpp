@@ -1,6 +1,6 @@
 // The boxes of a range of the text.
 #include <algorithm>
-#include <limits>
+#include <span>
 #include <utility>
 
 #include "rtl/Strings.h"
@@ -19,11 +19,11 @@ class TRangeWalk {
       : FLayout(layout), FTextLength(static_cast<std::int32_t>(layout.Text().size())), FPos(pos), FLength(length) {}
 
   fmx::TRegion Run(const TGPUFrame& frame) {
-    for (std::int32_t i = 0; i < frame.Count(); ++i) {
+    for (std::int32_t i = FirstLine(frame); i < frame.Count(); ++i) {
       TGPULine& line = frame.Line(i);
       if (i > 0) TakeOffGap(frame.Line(i - 1), line);
       WalkLine(line);
-      if (FLength == 0) break;
+      if (FLength == 0 || IsDone(frame.Store())) break;
     }
     return std::move(FRegion);
   }
@@ -35,10 +35,38 @@ class TRangeWalk {
     FLength -= line.Item(0).StartIndex() - previous.Item(previous.Count() - 1).EndIndex();
   }
 
+  // The first index from 0 to count for which the predicate, which stays true once it is, holds.
+  template <typename TPredicate>
+  static std::int32_t FirstOf(std::int32_t count, TPredicate holds) {
+    std::int32_t low = 0;
+    while (low < count) {
+      const std::int32_t middle = (low + count) / 2;
+      if (holds(middle))
+        count = middle;
+      else
+        low = middle + 1;
+    }
+    return low;
+  }
+
+  // Lines that end before the range have no part in it; but a range of no units is looked for in the first line alone.
+  std::int32_t FirstLine(const TGPUFrame& frame) const {
+    if (FLength == 0) return 0;
+    return FirstOf(frame.Count(), [&](std::int32_t i) {
+      const TGPULine& line = frame.Line(i);
+      return line.IsEmpty() || FPos <= line.Item(line.Count() - 1).EndIndex();
+    });
+  }
+
+  // Nothing can follow but the box of the text's end, and what an internal text layout measures.
+  bool IsDone(const TFrameStore& store) const { return FLength <= 0 && FPos < FTextLength && !store.HasRenderers; }
+
   void WalkLine(TGPULine& line) {
-    for (std::int32_t i = 0; i < line.Count(); ++i) {
+    const auto isReached = [&](std::int32_t i) { return FPos <= line.Item(i).EndIndex(); };
+    for (std::int32_t i = FirstOf(line.Count(), isReached); i < line.Count(); ++i) {
       TGPURun& run = line.Item(i);
       if (FPos > run.EndIndex()) continue;
+      if (IsDone(run.Store())) return;
       fmx::TRectF box;
       if (FPos < run.EndIndex())
         box = run.HasInternalRenderer() ? RenderedBox(run) : AtomsBox(line, run);
@@ -67,43 +95,30 @@ class TRangeWalk {
   }
 
   fmx::TRectF AtomsBox(const TGPULine& line, TGPURun& run) {
+    if (FLength <= 0) return {};
+    if (!run.Corrects(TOrvCorrection::TabMeasure)) MeasureTabs(line, run);
+    const std::span<const TAtomPlace> places = FLayout.PlacesOf(run);
+    const auto endsBefore = [&](const TAtomPlace& place) { return run.StartIndex() + place.Offset <= FPos; };
+    auto place = std::partition_point(places.begin(), places.end(), endsBefore);
+    const float begin = run.RightToLeft() ? run.ImageRect().Right : run.ImageRect().Left;
     fmx::TRectF box;
-    if (FLength <= 0) return box;
-    TAtomDic& dic = FLayout.DictionaryOf(run);
-    float x = run.RightToLeft() ? run.ImageRect().Right : run.ImageRect().Left;
-    std::int32_t atomPos = run.StartIndex();
-    for (std::int32_t i = 0; i < run.UCS4Length(); ++i) {
-      const float advance = Advance(line, run, i, dic);
-      const std::int32_t own = OwnUnits(run.Atom(i));
-      std::int32_t folded = AtomParts(run.Atom(i)) - 1;
-      if (atomPos + folded >= FPos) {
-        // A range that starts within a ligature takes its whole box: no letter of it has one of its own.
-        if (atomPos < FPos) folded = 0;
-        const float other = x + advance;
-        box = box.Union({std::min(x, other), 0, std::max(x, other), line.Height()});
-        FLength -= folded + own;
-        if (FLength <= 0) break;
-      }
-      x += advance;
-      atomPos += folded + own;
+    for (; place != places.end() && FLength > 0; ++place) {
+      const TAtomPlace before = place == places.begin() ? TAtomPlace{begin, 0} : *(place - 1);
+      const std::int32_t start = run.StartIndex() + before.Offset;
+      const UCS4Char atom = run.Atom(static_cast<std::int32_t>(place - places.begin()));
+      // A range that starts within a ligature takes its whole box: no letter of it has one of its own. The second unit
+      // of a pair is no place to start.
+      if (start + AtomParts(atom) - 1 < FPos) continue;
+      box = box.Union({std::min(before.Edge, place->Edge), 0, std::max(before.Edge, place->Edge), line.Height()});
+      FLength -= start < FPos ? OwnUnits(atom) : AtomUnits(atom);
     }
     return box;
   }
 
-  // Device pixels. By the rules a tab is measured from the end of the line, and keeps that as its advance; with
-  // TabMeasure it is what it was laid out as.
-  float TabAdvance(const TGPULine& line, TGPURun& run, std::int32_t index) const {
-    if (run.Corrects(TOrvCorrection::TabMeasure)) return FLayout.GetTabAdvance(run, index);
-    return FLayout.GetNextTab(run, index, line.Width());
-  }
-
-  // Logical units, below 0 in a run that goes to the left.
-  float Advance(const TGPULine& line, TGPURun& run, std::int32_t index, TAtomDic& dic) const {
-    const float advance =
-        run.Atom(index) == U'\t'
-            ? TabAdvance(line, run, index)
-            : run.AddOrGetAtomGlyph(nullptr, index, dic, FLayout.GetFontFor(run), FLayout.Scale()).Glyph.Advance;
-    return advance * FLayout.ScaleFactor() * (run.RightToLeft() ? -1.0F : 1.0F);
+  // By the rules a tab is measured from the end of the line, and keeps that as its advance.
+  void MeasureTabs(const TGPULine& line, TGPURun& run) const {
+    for (std::int32_t i = 0; i < run.UCS4Length(); ++i)
+      if (run.Atom(i) == U'\t') FLayout.GetNextTab(run, i, line.Width());
   }
 
   const TTextLayoutNGOrv& FLayout;

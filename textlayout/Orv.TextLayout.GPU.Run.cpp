@@ -70,6 +70,12 @@ std::span<UCS4Char> TGPURun::MutableAtoms() {
   return std::span(FStore->Atoms).subspan(static_cast<std::size_t>(FFirstAtom), static_cast<std::size_t>(FAtomCount));
 }
 
+std::span<TAtomPlace> TGPURun::MutablePlaces() const {
+  auto& places = FStore->Places;
+  if (places.size() < FStore->Atoms.size()) places.resize(FStore->Atoms.size());
+  return std::span(places).subspan(static_cast<std::size_t>(FFirstAtom), static_cast<std::size_t>(FAtomCount));
+}
+
 // --- The units of the atoms ---
 
 std::int32_t TGPURun::UCS4IndexToUTF16Index(std::int32_t index) const {

@@ -93,6 +93,7 @@ class TGPURun {
   std::int32_t Length() const { return FLength; }
   std::int32_t EndIndex() const { return FStartIndex + FLength; }
   bool RightToLeft() const { return FRightToLeft; }
+  const TFrameStore& Store() const { return *FStore; }
   bool Corrects(TOrvCorrection correction) const { return FStore->Corrects(correction); }
 
   // In logical order. The view holds until the run changes or another run of the frame takes a text.
@@ -159,6 +160,12 @@ class TGPURun {
   bool Clipped() const { return FClipped; }
   void Clip() { FClipped = true; }
 
+  // The places of the atoms. They are worked out at the first call, out of their advances in logical units, and again
+  // at each call where measuring may change the advance of a tab (see TabMeasure). The view holds until another run of
+  // the frame is asked.
+  template <typename TAdvanceOf>
+  std::span<const TAtomPlace> Places(TAdvanceOf advanceOf) const;
+
   // --- Draw tags ---
 
   // One per atom, where there are any. They stay behind when atoms before them go, and with a split; with TabTags they
@@ -192,6 +199,7 @@ class TGPURun {
   std::int32_t AtomOf(std::int32_t unit) const;
   std::int32_t UnitsOfDeleted(std::int32_t index) const;
   std::span<UCS4Char> MutableAtoms();
+  std::span<TAtomPlace> MutablePlaces() const;
 
   TFrameStore* FStore;
   std::int32_t FFirstAtom = 0;  // of the store's
@@ -204,9 +212,26 @@ class TGPURun {
   bool FTrimmed = false;
   bool FClipped = false;
   bool FRightToLeft = false;
+  mutable bool FHasPlaces = false;
   std::shared_ptr<fmx::TFont> FFont;
   std::vector<TDrawTagRec> FDrawTags;
   std::unique_ptr<TInternalTextLayout> FInternalTextLayout;
 };
+
+template <typename TAdvanceOf>
+std::span<const TAtomPlace> TGPURun::Places(TAdvanceOf advanceOf) const {
+  const std::span<TAtomPlace> places = MutablePlaces();
+  if (FHasPlaces) return places;
+  FHasPlaces = Corrects(TOrvCorrection::TabMeasure) || FDrawTags.empty();
+  float edge = FRightToLeft ? FImageRect.Right : FImageRect.Left;
+  std::int32_t offset = 0;
+  for (std::int32_t i = 0; i < FAtomCount; ++i) {
+    const float advance = advanceOf(i);
+    edge = FRightToLeft ? edge - advance : edge + advance;
+    offset += AtomUnits(Atom(i));
+    places[static_cast<std::size_t>(i)] = {edge, offset};
+  }
+  return places;
+}
 
 }  // namespace orv

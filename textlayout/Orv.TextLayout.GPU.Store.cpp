@@ -16,6 +16,7 @@ void TFrameStore::AddBlock(std::size_t size) {
 void TFrameStore::Reset(TOrvCorrections corrections) {
   FCorrections = corrections;
   Atoms.clear();
+  Places.clear();
   HasRenderers = false;
   if (FBlocks.empty()) return;
   FBlocks.erase(FBlocks.begin(), FBlocks.end() - 1);

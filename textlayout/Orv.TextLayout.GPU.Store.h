@@ -25,6 +25,12 @@ struct TEndOfLife {
 template <typename T>
 using TStored = std::unique_ptr<T, TEndOfLife>;
 
+// The far side of an atom in its run's box, in reading direction, and the units of the run up to there.
+struct TAtomPlace {
+  float Edge;
+  std::int32_t Offset;
+};
+
 // Gives out memory that is taken back all at once, by Reset or with the store. Everything made in it dies before that.
 class TFrameStore {
  public:
@@ -49,8 +55,9 @@ class TFrameStore {
     return TStored<T>(new (Allocate(sizeof(T))) T(std::forward<TArgs>(args)...));
   }
 
-  TUCS4List Atoms;            // of all runs, each a stretch of its own
-  bool HasRenderers = false;  // a run was given an internal text layout
+  TUCS4List Atoms;                 // of all runs, each a stretch of its own
+  std::vector<TAtomPlace> Places;  // of the atoms, as far as queries have asked for them
+  bool HasRenderers = false;       // a run was given an internal text layout
 
  private:
   static constexpr std::size_t Alignment = alignof(std::max_align_t);

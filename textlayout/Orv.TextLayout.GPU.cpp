@@ -112,6 +112,22 @@ const fmx::TCharRec& TTextLayoutNGOrv::LayoutGlyph(UCS4Char character) const {
   return TGPURun::AddOrGetCharGlyph(nullptr, character, TGlyphAtlas::GetAtomDictionary(Font(), FScale), Font(), FScale);
 }
 
+// Where measuring only reads, a tab without a tag has no width (TabMeasure).
+float TTextLayoutNGOrv::MeasuredTab(const TGPURun& run, std::int32_t index) {
+  const TDrawTagRec tag = run.DrawTag(index);
+  const bool isMissing = tag.TagType != TDrawTagRec::TTagType::TabAdvance;
+  return isMissing && run.Corrects(TOrvCorrection::TabMeasure) ? 0 : tag.TabAdvance();
+}
+
+std::span<const TAtomPlace> TTextLayoutNGOrv::PlacesOf(const TGPURun& run) const {
+  TAtomDic* dic = nullptr;
+  return run.Places([&](std::int32_t index) {
+    if (run.Atom(index) == U'\t') return MeasuredTab(run, index) * FScaleFactor;
+    if (dic == nullptr) dic = &DictionaryOf(run);
+    return run.AddOrGetAtomGlyph(nullptr, index, *dic, GetFontFor(run), FScale).Glyph.Advance * FScaleFactor;
+  });
+}
+
 float TTextLayoutNGOrv::GetNextTab(TGPURun& run, std::int32_t index, float position) const {
   ORV_ASSERT(run.Atom(index) == U'\t', "to make sure that it is space");
   const float place = position / FScaleFactor;

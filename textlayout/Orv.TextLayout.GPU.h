@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -89,6 +90,8 @@ class TTextLayoutNGOrv : public fmx::TGPUTextLayout {
 
   const fmx::TFont& GetFontFor(const TGPURun& run) const { return run.Font() ? *run.Font() : Font(); }
   TAtomDic& DictionaryOf(const TGPURun& run) const { return TGlyphAtlas::GetAtomDictionary(GetFontFor(run), FScale); }
+  // Where the atoms of the run end, without its line's place.
+  std::span<const TAtomPlace> PlacesOf(const TGPURun& run) const;
   // The metrics of a character in the layout's font.
   const fmx::TCharRec& LayoutGlyph(UCS4Char character) const;
   UCS4Char EllipsisChar() const { return FEllipsisChar; }
@@ -126,6 +129,7 @@ class TTextLayoutNGOrv : public fmx::TGPUTextLayout {
   // Of the memory of a frame that has ended, if there is any.
   std::unique_ptr<TGPUFrame> CreateFrame(std::unique_ptr<TFrameStore> store = nullptr);
   void ApplyAttributes(TGPUFrame& frame) const;
+  static float MeasuredTab(const TGPURun& run, std::int32_t index);
   bool FrameLacksText() const;
   fmx::TRectF PlaceOfNothing();
 

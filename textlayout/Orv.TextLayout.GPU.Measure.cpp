@@ -16,7 +16,11 @@ namespace {
 class TRangeWalk {
  public:
   TRangeWalk(const TTextLayoutNGOrv& layout, std::int32_t pos, std::int64_t length)
-      : FLayout(layout), FTextLength(static_cast<std::int32_t>(layout.Text().size())), FPos(pos), FLength(length) {}
+      : FLayout(layout),
+        FTextLength(static_cast<std::int32_t>(layout.Text().size())),
+        FIsOrdered(layout.Frame().Store().Corrects(TOrvCorrection::TabSplit)),
+        FPos(pos),
+        FLength(length) {}
 
   fmx::TRegion Run(const TGPUFrame& frame) {
     for (std::int32_t i = FirstLine(frame); i < frame.Count(); ++i) {
@@ -51,7 +55,7 @@ class TRangeWalk {
 
   // Lines that end before the range have no part in it; but a range of no units is looked for in the first line alone.
   std::int32_t FirstLine(const TGPUFrame& frame) const {
-    if (FLength == 0) return 0;
+    if (FLength == 0 || !FIsOrdered) return 0;
     return FirstOf(frame.Count(), [&](std::int32_t i) {
       const TGPULine& line = frame.Line(i);
       return line.IsEmpty() || FPos <= line.Item(line.Count() - 1).EndIndex();
@@ -59,11 +63,13 @@ class TRangeWalk {
   }
 
   // Nothing can follow but the box of the text's end, and what an internal text layout measures.
-  bool IsDone(const TFrameStore& store) const { return FLength <= 0 && FPos < FTextLength && !store.HasRenderers; }
+  bool IsDone(const TFrameStore& store) const {
+    return FIsOrdered && FLength <= 0 && FPos < FTextLength && !store.HasRenderers;
+  }
 
   void WalkLine(TGPULine& line) {
     const auto isReached = [&](std::int32_t i) { return FPos <= line.Item(i).EndIndex(); };
-    for (std::int32_t i = FirstOf(line.Count(), isReached); i < line.Count(); ++i) {
+    for (std::int32_t i = FIsOrdered ? FirstOf(line.Count(), isReached) : 0; i < line.Count(); ++i) {
       TGPURun& run = line.Item(i);
       if (FPos > run.EndIndex()) continue;
       if (IsDone(run.Store())) return;
@@ -96,33 +102,66 @@ class TRangeWalk {
 
   fmx::TRectF AtomsBox(const TGPULine& line, TGPURun& run) {
     if (FLength <= 0) return {};
-    if (!run.Corrects(TOrvCorrection::TabMeasure)) MeasureTabs(line, run);
+    return run.Corrects(TOrvCorrection::TabMeasure) ? PlacedBox(line, run) : WalkedBox(line, run);
+  }
+
+  // Of atoms whose places stay.
+  fmx::TRectF PlacedBox(const TGPULine& line, const TGPURun& run) {
     const std::span<const TAtomPlace> places = FLayout.PlacesOf(run);
     const auto endsBefore = [&](const TAtomPlace& place) { return run.StartIndex() + place.Offset <= FPos; };
     auto place = std::partition_point(places.begin(), places.end(), endsBefore);
     const float begin = run.RightToLeft() ? run.ImageRect().Right : run.ImageRect().Left;
     fmx::TRectF box;
+    std::int32_t uncounted = 0;  // of the ligature that the range starts within
     for (; place != places.end() && FLength > 0; ++place) {
       const TAtomPlace before = place == places.begin() ? TAtomPlace{begin, 0} : *(place - 1);
-      const std::int32_t start = run.StartIndex() + before.Offset;
+      const std::int32_t start = run.StartIndex() + before.Offset - uncounted;
       const UCS4Char atom = run.Atom(static_cast<std::int32_t>(place - places.begin()));
       // A range that starts within a ligature takes its whole box: no letter of it has one of its own. The second unit
       // of a pair is no place to start.
       if (start + AtomParts(atom) - 1 < FPos) continue;
       box = box.Union({std::min(before.Edge, place->Edge), 0, std::max(before.Edge, place->Edge), line.Height()});
-      FLength -= start < FPos ? OwnUnits(atom) : AtomUnits(atom);
+      const std::int32_t counted = start < FPos ? OwnUnits(atom) : AtomUnits(atom);
+      FLength -= counted;
+      uncounted += AtomUnits(atom) - counted;
     }
     return box;
   }
 
-  // By the rules a tab is measured from the end of the line, and keeps that as its advance.
-  void MeasureTabs(const TGPULine& line, TGPURun& run) const {
-    for (std::int32_t i = 0; i < run.UCS4Length(); ++i)
-      if (run.Atom(i) == U'\t') FLayout.GetNextTab(run, i, line.Width());
+  // By the rules the atoms are walked up to the end of the range, and a tab among them is measured anew.
+  fmx::TRectF WalkedBox(const TGPULine& line, TGPURun& run) {
+    fmx::TRectF box;
+    TAtomDic& dic = FLayout.DictionaryOf(run);
+    float x = run.RightToLeft() ? run.ImageRect().Right : run.ImageRect().Left;
+    std::int32_t start = run.StartIndex();
+    for (std::int32_t i = 0; i < run.UCS4Length() && FLength > 0; ++i) {
+      const float other = x + Advance(line, run, i, dic);
+      const UCS4Char atom = run.Atom(i);
+      std::int32_t counted = AtomUnits(atom);
+      if (start + AtomParts(atom) - 1 >= FPos) {
+        if (start < FPos) counted = OwnUnits(atom);
+        box = box.Union({std::min(x, other), 0, std::max(x, other), line.Height()});
+        FLength -= counted;
+      }
+      x = other;
+      start += counted;
+    }
+    return box;
+  }
+
+  // Logical units, below 0 in a run that goes to the left. A tab is measured from the end of the line, and keeps that
+  // as its advance.
+  float Advance(const TGPULine& line, TGPURun& run, std::int32_t index, TAtomDic& dic) const {
+    const float advance =
+        run.Atom(index) == U'\t'
+            ? FLayout.GetNextTab(run, index, line.Width())
+            : run.AddOrGetAtomGlyph(nullptr, index, dic, FLayout.GetFontFor(run), FLayout.Scale()).Glyph.Advance;
+    return advance * FLayout.ScaleFactor() * (run.RightToLeft() ? -1.0F : 1.0F);
   }
 
   const TTextLayoutNGOrv& FLayout;
   std::int32_t FTextLength;
+  bool FIsOrdered;  // the runs follow each other as the text does, which what follows a tab may not (TabSplit)
   std::int32_t FPos;
   std::int64_t FLength;
   fmx::TRegion FRegion;
@@ -153,8 +192,10 @@ fmx::TRegion EndOfLastRun(const TGPUFrame& frame, bool rightToLeft) {
 }  // namespace
 
 // Whether lines were cut at the sides of the box.
-bool TTextLayoutNGOrv::FrameLacksText() const {
-  return !WordWrap() && FFrame->Count() == 1 && FFrame->TextLength() < static_cast<std::int64_t>(Text().size());
+bool TTextLayoutNGOrv::FrameLacksText() {
+  if (!FLacksText)
+    FLacksText = !WordWrap() && FFrame->Count() == 1 && FFrame->TextLength() < static_cast<std::int64_t>(Text().size());
+  return *FLacksText;
 }
 
 fmx::TRegion TTextLayoutNGOrv::MeasureRange(std::int32_t pos, std::int32_t length) {

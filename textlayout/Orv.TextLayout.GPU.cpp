@@ -149,6 +149,7 @@ void TTextLayoutNGOrv::DoRenderLayout() {
   FOldColor = Color();
   FFrame3D.reset();
   FUnclippedFrame.reset();
+  FLacksText.reset();
   if (Canvas() != nullptr && !fmx::SameValue(Canvas()->Scale(), FScale, fmx::ScaleTolerance))
     TakeScale(Canvas()->Scale());
   FFontKey = FontKeyOf(Font(), FScale);

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -130,7 +131,7 @@ class TTextLayoutNGOrv : public fmx::TGPUTextLayout {
   std::unique_ptr<TGPUFrame> CreateFrame(std::unique_ptr<TFrameStore> store = nullptr);
   void ApplyAttributes(TGPUFrame& frame) const;
   static float MeasuredTab(const TGPURun& run, std::int32_t index);
-  bool FrameLacksText() const;
+  bool FrameLacksText();
   fmx::TRectF PlaceOfNothing();
 
   fmx::TAlphaColor FOldColor = 0;  // at the last render
@@ -139,6 +140,7 @@ class TTextLayoutNGOrv : public fmx::TGPUTextLayout {
   std::unique_ptr<TGPUFrame> FFrame;
   std::unique_ptr<TFrameStore> FSpareStore;    // of the frame before it, for the next
   std::unique_ptr<TGPUFrame> FUnclippedFrame;  // for measuring, made when asked for
+  std::optional<bool> FLacksText;              // of the frame, once it was asked for
   std::unique_ptr<TGPUFrame> FFrame3D;         // for outlines, likewise
   UCS4Char FEllipsisChar = 0x2026;
   TFontKey FFontKey = 0;

@@ -28,6 +28,11 @@ void MoveRight(TGPULine& line, float width) {
   Narrow(line, width);
 }
 
+// The position of the text. An internal text layout answers within its run, as hits have it.
+std::int32_t OffsetAt(const TGPURun& run, float x) {
+  return run.StartIndex() + run.InternalRenderer()->GetOffsetForAdvance(x);
+}
+
 }  // namespace
 
 void TLayoutPass::Clip() {
@@ -161,7 +166,7 @@ void TLayoutPass::ClipFirstAtoms(TGPULine& line, TGPURun& run, float& left) cons
 void TLayoutPass::ClipFirstPart(TGPULine& line, TGPURun& run) const {
   TInternalTextLayout& renderer = *run.InternalRenderer();
   const float left = line.TopLeft().X;
-  const std::int32_t offset = renderer.GetOffsetForAdvance(-left);
+  const std::int32_t offset = OffsetAt(run, -left);
   Log::d(
       "DoRenderLayout: InternalTextLayout->GetOffsetForAdvance Run: %d.%d(%d, %d), X: %f, offserforAdvance:%d, char:%s",
       renderer.Line(), line.IndexOf(run), run.StartIndex(), run.Length(), -left, offset, renderer.CharAt(offset));
@@ -231,7 +236,7 @@ void TLayoutPass::ClipLastPart(TGPULine& line, TGPURun& run) const {
   TInternalTextLayout& renderer = *run.InternalRenderer();
   const float left = line.TopLeft().X;
   const float room = FMaxSize.X - run.GetWidth() - left;
-  const std::int32_t offset = renderer.GetOffsetForAdvance(room);
+  const std::int32_t offset = OffsetAt(run, room);
   Log::d(
       "DoRenderLayout: InternalTextLayout->GetOffsetForAdvance Run: %d.%d(%d, %d), X: %f(%f), offserforAdvance:%d, "
       "char:%s",
@@ -240,7 +245,7 @@ void TLayoutPass::ClipLastPart(TGPULine& line, TGPURun& run) const {
   Log::d("DoRenderLayout: InternalTextLayout->RightClipping RunPosition: (%2.2f,%2.2f), ClipSize:%2.2f", left,
          line.TopLeft().Y, width);
   if (offset + 1 < run.EndIndex()) {
-    DeleteFromVisualEnd(run, offset + 1);
+    DeleteFromVisualEnd(run, offset - run.StartIndex() + 1);
     line.SetWidth(left + width - line.TopLeft().X);
   }
   run.Clip();

@@ -12,7 +12,7 @@ void TFrameStore::AddBlock(std::size_t size) {
   FEnd = FNext + size;
 }
 
-// The last block is the largest: the next frame of that size fits it alone.
+// The last block is the largest. A text that is laid out again and again soon has one block that takes it all.
 void TFrameStore::Reset(TOrvCorrections corrections) {
   FCorrections = corrections;
   Atoms.clear();

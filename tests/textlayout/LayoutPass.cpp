@@ -1,5 +1,4 @@
 // Measuring, wrapping, trimming, aligning and clipping.
-#include "fmx/Log.h"
 #include "tests/textlayout/support/Layouts.h"
 
 namespace orv {
@@ -186,18 +185,6 @@ TEST_F(LayoutPass, MeasuringClipsNoSide) {
   EXPECT_EQ(Lines(*layout), TTexts{"0,0 w100: 0+10 L 0-100"});
   layout->SetMeasuringText(false);
   EXPECT_EQ(Lines(*layout), TTexts{"0,0 w60: 0+9 L 0-60 clipped"});
-}
-
-TEST_F(LayoutPass, StagesAreLogged) {
-  TTexts lines;
-  const auto layout = Laid(u"ab cd", 30, Wrapped);
-  fmx::Log::SetSink([&](std::string_view line) { lines.emplace_back(line); });
-  layout->DoRenderLayout();
-  fmx::Log::SetSink({});
-  EXPECT_EQ(lines, (TTexts{"DoRenderLayout:Start", "DoRenderLayout: -- LineIndex: 0",
-                           "DoRenderLayout: ---- RunIndex: 0:0", "DoRenderLayout: ---- RunIndex: 0:0(0,5)",
-                           "DoRenderLayout: -- LineIndex: 1", "DoRenderLayout: ---- RunIndex: 1:0",
-                           "DoRenderLayout: ---- RunIndex: 1:0(3,2)", "DoRenderLayout:End"}));
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 // The logic around an internal text layout, with engines of fixed answers.
 #include "fmx/RecordingCanvas.h"
-#include "tests/textlayout/support/Layouts.h"
+#include "tests/textlayout/support/Engines.h"
 #include "textlayout/Orv.TextLayout.Internal.Win.h"
 #include "textlayout/Orv.TextLayout.Internal.h"
 
@@ -9,44 +9,9 @@ namespace {
 
 using namespace testing;
 
-// Glyphs of fixed sizes in fonts that need an internal text layout.
-class TShapedManager : public TBackEndFontGlyphManager {
- public:
-  TShapedManager() : TBackEndFontGlyphManager(std::make_unique<fmx::TFixedGlyphs>()) {}
-  bool FontRendererRequired(const fmx::TFont&) const override { return true; }
-};
-
-// Every unit is 10 wide and the line 20 high.
-class TTenWide : public TInternalTextLayout {
- public:
-  static std::unique_ptr<TInternalTextLayout> Make() { return std::make_unique<TTenWide>(); }
-
- private:
-  std::int32_t DoGetOffsetForAdvance(std::u16string_view, float x, float) override {
-    return static_cast<std::int32_t>(x / 10);
-  }
-  std::int32_t DoBreakText(std::u16string_view, float maxWidth, float& width, float& height, float) override {
-    const std::int32_t fits = std::min(static_cast<std::int32_t>(maxWidth / 10), Run().Length());
-    width = static_cast<float>(fits) * 10;
-    height = 20;
-    return fits;
-  }
-  fmx::TRectF DoMeasureText(std::u16string_view, std::int32_t from, std::int32_t to, float) override {
-    return {0, 0, static_cast<float>(to - from) * 10, 20};
-  }
-  float DoDrawText(std::u16string_view, fmx::TCanvas&, fmx::TPointF) override { return Run().GetWidth(); }
-};
-
 class RunShaping : public ::testing::Test {
- protected:
-  RunShaping() {
-    TFontGlyphManagerOrv::SetCurrent(std::make_unique<TShapedManager>());
-    TInternalTextLayout::RegisterDefaultInternalTextLayout(TTenWide::Make);
-  }
-  ~RunShaping() override { TInternalTextLayout::RegisterDefaultInternalTextLayout(nullptr); }
-
  private:
-  TFixedScope FScope;
+  TEngineScope FEngine{TTenWide::Make};
 };
 
 TEST_F(RunShaping, TextThatFitsStaysWhole) {
@@ -60,6 +25,17 @@ TEST_F(RunShaping, WordThatDoesNotFitMoves) {
 
 TEST_F(RunShaping, BreakOnABlankStaysThere) {
   EXPECT_EQ(Lines(*Laid(u"abc def", 35, Wrapped))[0], "0,0 w30: 0+3 L 0-30");
+}
+
+TEST_F(RunShaping, BreakBehindABlankStaysThere) {
+  EXPECT_EQ(Lines(*Laid(u"ab cde", 35, Wrapped)), (TTexts{"0,0 w30: 0+3 L 0-30", "0,20 w30: 3+3 L 0-30"}));
+}
+
+// Its width stays with the line that it was measured on.
+TEST_F(RunShaping, RunOfOneWordThatDoesNotFitMovesWhole) {
+  const auto layout = Laid(u"ab cdefgh", 45, WithRunOf({3, 6}, Wrapped));
+  EXPECT_EQ(Lines(*layout), (TTexts{"0,0 w70: 0+3 L 0-30", "0,20 w40: 3+6 L 0-40"}));
+  EXPECT_EQ(layout->Frame().Line(1).Item(0).InternalRenderer()->Line(), 1);
 }
 
 TEST_F(RunShaping, WordThatBeginsTheTextIsCutWhereItEnds) {
@@ -92,7 +68,16 @@ TEST_F(RunShaping, HitsAndBoxesComeFromTheEngine) {
   EXPECT_EQ(Extents(layout->MeasureRange(1, 2)), "0-20");
 }
 
-TEST_F(RunShaping, DrawnByTheEngine) {
+TEST_F(RunShaping, EngineAnswersWithinItsRun) {
+  const auto layout = Laid(u"abcd", 50, WithRunOf({2, 2}));
+  EXPECT_EQ(Lines(*layout), TTexts{"0,0 w40: 0+2 L 0-20 | 2+2 L 20-40"});
+  EXPECT_EQ(Hit(*layout, 35), 3);
+  EXPECT_EQ(Hit(*layout, 15), 1);
+  EXPECT_EQ(Extents(layout->MeasureRange(1, 2)), "0-10 0-10");  // a box for each run
+  EXPECT_EQ(Extents(layout->MeasureRange(3, 9)), "0-10");
+}
+
+TEST_F(RunShaping, CharactersOfTheTextAreNoGlyphs) {
   const auto layout = Laid(u"abcd", 50);
   fmx::TRecordingCanvas canvas(100, 100);
   canvas.BeginScene();
@@ -103,8 +88,100 @@ TEST_F(RunShaping, DrawnByTheEngine) {
 
 TEST_F(RunShaping, TrimmedRunHasRoomForItsEllipsis) {
   const auto layout = Laid(u"abcdefgh", 55, [](auto& l) { l.SetTrimming(fmx::TTextTrimming::Character); });
-  EXPECT_EQ(Lines(*layout)[0].substr(0, 16), "0,0 w50: 0+4 L 0");
-  EXPECT_TRUE(layout->Frame().Line(0).Item(0).Trimmed());
+  EXPECT_EQ(Lines(*layout), TTexts{"0,0 w50: 0+4 L 0-50 trimmed"});
+}
+
+// The cursor that looks for the blank starts at the second unit of the text, wherever the run breaks.
+TEST_F(RunShaping, TrimmingByWordLooksForABlankInFront) {
+  const auto laid = [](std::u16string_view text) {
+    return Lines(*Laid(text, 55, [](auto& l) { l.SetTrimming(fmx::TTextTrimming::Word); }));
+  };
+  EXPECT_EQ(laid(u"a cdefgh"), TTexts{"0,0 w50: 0+4 L 0-50 trimmed"});  // the blank is where the cursor starts
+  EXPECT_EQ(laid(u" bcdefgh"), TTexts{"0,0 w40: 0+3 L 0-40 trimmed"});
+  EXPECT_EQ(laid(u"abcdefgh"), TTexts{"0,0 w30: 0+2 L 0-30 trimmed"});  // the start of the text ends the search
+}
+
+TEST_F(RunShaping, WithoutTrimmingTheRestGoes) {
+  EXPECT_EQ(Lines(*Laid(u"abcdefgh", 55)), TTexts{"0,0 w50: 0+5 L 0-50"});
+}
+
+// --- Runs that stick out of the box ---
+
+class UnbrokenRuns : public ::testing::Test {
+ protected:
+  // Eight units, each 10 wide, in a box of 55.
+  static TTexts Clipped(std::u16string_view text, fmx::TTextAlign align,
+                        std::optional<std::int32_t> offset = std::nullopt) {
+    TUnbroken::Offset = offset;
+    return Lines(*Laid(text, 55, [align](auto& l) { l.SetHorizontalAlign(align); }));
+  }
+  const std::u16string FLatin = u"abcdefgh";
+  const std::u16string FPersian = Donya + Donya;
+
+ private:
+  TEngineScope FEngine{TUnbroken::Make};
+};
+
+// The units up to the one at the edge go from the side that is outside, and the line loses what is behind it.
+TEST_F(UnbrokenRuns, LeftEdgeIsAskedOfTheEngine) {
+  EXPECT_EQ(Clipped(FLatin, fmx::TTextAlign::Trailing), TTexts{"35,0 w20: 3+5 L 0-20 clipped"});
+  EXPECT_EQ(Clipped(FPersian, fmx::TTextAlign::Trailing), TTexts{"35,0 w20: 0+5 R 0-20 clipped"});
+  EXPECT_EQ(Clipped(FLatin, fmx::TTextAlign::Trailing, 7), TTexts{"-15,0 w70:"});  // a run of nothing goes
+}
+
+TEST_F(UnbrokenRuns, EdgeWithinALaterRunIsAPlaceOfTheText) {
+  const auto layout =
+      Laid(FPersian, 55, WithRunOf({0, 2}, [](auto& l) { l.SetHorizontalAlign(fmx::TTextAlign::Trailing); }));
+  EXPECT_EQ(Lines(*layout), TTexts{"15,0 w40: 0+2 R 20-40 | 2+3 R 0-20 clipped"});
+}
+
+TEST_F(UnbrokenRuns, EdgeBehindTheRunTakesNothing) {
+  EXPECT_EQ(Clipped(FLatin, fmx::TTextAlign::Trailing, 8), TTexts{"-25,0 w80: 0+8 L 0-80 clipped"});
+}
+
+TEST_F(UnbrokenRuns, RightEdgeIsAskedOfTheEngine) {
+  EXPECT_EQ(Clipped(FLatin, fmx::TTextAlign::Leading), TTexts{"0,0 w80: 0+8 L 0-80 clipped"});  // before the run
+  EXPECT_EQ(Clipped(FLatin, fmx::TTextAlign::Leading, 3), TTexts{"0,0 w80: 0+4 L 0-80 clipped"});
+  EXPECT_EQ(Clipped(FPersian, fmx::TTextAlign::Leading, 3), TTexts{"0,0 w80: 4+4 R 0-80 clipped"});
+  EXPECT_EQ(Clipped(FLatin, fmx::TTextAlign::Leading, 7), TTexts{"0,0 w80: 0+8 L 0-80 clipped"});
+}
+
+TEST_F(UnbrokenRuns, RunsWhollyOutsideGo) {
+  const auto layout = Laid(u"abcdefgh", 55, WithRunOf({6, 2}));
+  EXPECT_EQ(Lines(*layout), TTexts{"0,0 w60: 0+6 L 0-60"});
+  const auto trailing =
+      Laid(u"abcdefgh", 60, WithRunOf({1, 7}, [](auto& l) { l.SetHorizontalAlign(fmx::TTextAlign::Trailing); }));
+  EXPECT_EQ(trailing->Frame().Line(0).Count(), 1);
+  EXPECT_GT(trailing->Frame().Line(0).Item(0).StartIndex(), 0);
+}
+
+TEST_F(UnbrokenRuns, MeasuringCutsNone) {
+  const auto layout = Laid(FLatin, 55, [](auto& l) { l.SetMeasuringText(true); });
+  EXPECT_EQ(Lines(*layout), TTexts{"0,0 w80: 0+8 L 0-80"});
+}
+
+TEST_F(UnbrokenRuns, DrawnWhereThePenIsAndUntinted) {
+  const auto layout = Laid(u"abcd", 200, WithRunOf({2, 2}));
+  layout->SetTopLeft({3, 4});
+  fmx::TRecordingCanvas canvas(100, 100);
+  canvas.BeginScene();
+  layout->RenderLayout(canvas);
+  canvas.EndScene();
+  ASSERT_EQ(TUnbroken::Drawings.size(), 2U);
+  EXPECT_EQ(TUnbroken::Drawings[0].Position, (fmx::TPointF{3, 4}));
+  EXPECT_EQ(TUnbroken::Drawings[1].Position, (fmx::TPointF{23, 4}));
+  EXPECT_EQ(TUnbroken::Drawings[1].Modulate, fmx::TAlphaColors::White);
+}
+
+TEST_F(RunShaping, EllipsisFollowsTheTrimmedRunOfTheEngine) {
+  const auto layout = Laid(u"abcdefgh", 55, [](auto& l) { l.SetTrimming(fmx::TTextTrimming::Character); });
+  fmx::TRecordingCanvas canvas(100, 100);
+  canvas.BeginScene();
+  layout->RenderLayout(canvas);
+  canvas.EndScene();
+  const auto glyphs = canvas.CallsOf(fmx::TRecordedCall::TKind::DrawBitmap);
+  ASSERT_EQ(glyphs.size(), 1U);
+  EXPECT_EQ(glyphs[0].Rect.Left, 50);
 }
 
 // --- The fixed answers ---

@@ -198,6 +198,26 @@ bool TTextLayoutNGOrv::FrameLacksText() {
   return *FLacksText;
 }
 
+// One render without clipping serves all queries until the next. The frame that is shown stays what it is, with the
+// colours of its own render, also where this one raises.
+void TTextLayoutNGOrv::MakeUnclippedFrame() {
+  auto shown = std::exchange(FFrame, std::make_unique<TGPUFrame>(std::make_unique<TFrameStore>()));
+  const fmx::TAlphaColor shownColor = FOldColor;
+  const auto showAgain = [&] {
+    FMeasuringText = false;
+    FOldColor = shownColor;
+    return std::exchange(FFrame, std::move(shown));
+  };
+  FMeasuringText = true;
+  try {
+    Call<TSlots::DoRenderLayout>();
+  } catch (...) {
+    showAgain();
+    throw;
+  }
+  FUnclippedFrame = showAgain();
+}
+
 fmx::TRegion TTextLayoutNGOrv::MeasureRange(std::int32_t pos, std::int32_t length) {
   LayoutGlyph(U' ');
   std::int64_t units = length;
@@ -206,14 +226,7 @@ fmx::TRegion TTextLayoutNGOrv::MeasureRange(std::int32_t pos, std::int32_t lengt
     --pos;
     ++units;
   }
-  if (!FMeasuringText && FrameLacksText() && !FUnclippedFrame) {
-    // One render without clipping serves all queries until the next.
-    auto shown = std::move(FFrame);
-    FMeasuringText = true;
-    Call<TSlots::DoRenderLayout>();
-    FMeasuringText = false;
-    FUnclippedFrame = std::exchange(FFrame, std::move(shown));
-  }
+  if (!FMeasuringText && FrameLacksText() && !FUnclippedFrame) MakeUnclippedFrame();
   fmx::TRegion region = TRangeWalk(*this, pos, units).Run(FUnclippedFrame ? *FUnclippedFrame : *FFrame);
   SetMeasuringText(false);
   return region;

@@ -132,6 +132,7 @@ class TTextLayoutNGOrv : public fmx::TGPUTextLayout {
   void ApplyAttributes(TGPUFrame& frame) const;
   static float MeasuredTab(const TGPURun& run, std::int32_t index);
   bool FrameLacksText();
+  void MakeUnclippedFrame();
   fmx::TRectF PlaceOfNothing();
 
   fmx::TAlphaColor FOldColor = 0;  // at the last render

@@ -2,7 +2,9 @@
 #include <limits>
 
 #include "fmx/PlatformServices.h"
+#include "fmx/RecordingCanvas.h"
 #include "fmx/Services.h"
+#include "rtl/Unicode.h"
 #include "runtime/VirtualClassGenerator.h"
 #include "tests/textlayout/support/Layouts.h"
 #include "textlayout/Orv.TextLayout.h"
@@ -44,6 +46,17 @@ TEST_F(LayoutAttributes, EveryUnitByItself) {
     const char16_t text[] = {static_cast<char16_t>(unit)};
     ASSERT_EQ(Context({text, 1}) == TDirectionContext::RightToLeft, rightToLeft) << unit;
   }
+}
+
+// Which units keep what follows from deciding: letters that are no right-to-left ones, and U+200E.
+TEST_F(LayoutAttributes, EveryUnitBeforeAnArabicLetter) {
+  for (std::uint32_t unit = 0; unit <= 0xFFFF; ++unit) {
+    const char16_t text[] = {static_cast<char16_t>(unit), u'\u0627'};
+    const bool alone = Context({text, 1}) == TDirectionContext::RightToLeft;
+    const bool decides = !alone && (unit == 0x200E || rtl::IsLetter(static_cast<char16_t>(unit)));
+    ASSERT_EQ(Context({text, 2}) == TDirectionContext::LeftToRight, decides) << unit;
+  }
+  EXPECT_EQ(Context(u"\U00010400\u0627"), TDirectionContext::RightToLeft);  // a letter, but of two units
 }
 
 // An active form of that direction, while it lives.
@@ -94,6 +107,43 @@ TEST_F(LayoutAttributes, AccessorsReachTheSystemsLayout) {
   helper.SetTabSize(33);
   EXPECT_EQ(own.BidiSelectionType(), TBidiSelectionType::btManual);
   EXPECT_EQ(helper.GetTabSize(), 33);
+}
+
+TEST_F(LayoutAttributes, StoredValuesWaitForARender) {
+  const auto layout = Laid(u"a\tb", 200);
+  const TOrvTextLayoutHelper helper(*layout);
+  helper.SetTabSize(60);
+  helper.SetManualBidi(TBidiSelectionType::btManual);
+  EXPECT_EQ(layout->TextWidth(), 50);
+  layout->SetText(u"a\t\u0627");
+  EXPECT_EQ(layout->TextWidth(), 70);
+  EXPECT_FALSE(layout->RightToLeft());
+}
+
+TEST_F(LayoutAttributes, NewLayoutTakesTheScaleOfTheScreen) {
+  struct TScreen : fmx::IScreenService {
+    float GetScreenScale() override { return 1.5F; }
+  };
+  EXPECT_EQ(TTextLayoutNGOrv().Scale(), 1);
+  auto services = std::make_unique<fmx::TPlatformServices>();
+  services->AddPlatformService(fmx::IScreenService::Guid, std::make_shared<TScreen>());
+  fmx::TPlatformServices::SetCurrent(std::move(services));
+  const TTextLayoutNGOrv layout;
+  fmx::TPlatformServices::SetCurrent(nullptr);
+  EXPECT_EQ(layout.Scale(), 1.5F);
+  EXPECT_FLOAT_EQ(layout.ScaleFactor(), 1 / 1.5F);
+  EXPECT_EQ(layout.EllipsisChar(), 0x2026U);
+  EXPECT_EQ(layout.BidiSelectionType(), TBidiSelectionType::btContext);
+  EXPECT_EQ(layout.TabSize(), 0);
+  EXPECT_FALSE(layout.MeasuringText());
+}
+
+TEST_F(LayoutAttributes, CanvasOfTheLayoutGivesItsScale) {
+  fmx::TRecordingCanvas canvas(100, 100, 2);
+  const auto layout = Laid(u"a", 200, [&](auto& l) { l.SetCanvas(&canvas); });
+  EXPECT_EQ(layout->Scale(), 2);
+  EXPECT_EQ(layout->TextWidth(), 10);
+  layout->SetCanvas(nullptr);
 }
 
 TEST_F(LayoutAttributes, SystemsLayoutHasNoResizeModeAndNoDefaultSize) {

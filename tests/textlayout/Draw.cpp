@@ -166,6 +166,87 @@ TEST_F(Drawing, ColourGlyphsAreNotTinted) {
   EXPECT_EQ(glyphs[2].Color, 0xFF0000FF);
 }
 
+TEST_F(Drawing, GlyphsStandOnPixelsWhereTheTextDoes) {
+  const auto corner = [](fmx::TPointF topLeft, fmx::TPointF translation) {
+    const auto layout = Laid(u"a", 101, [=](auto& l) {  // in the middle: 45.5, 15.5
+      l.SetMaxSize({101, 51});
+      l.SetHorizontalAlign(fmx::TTextAlign::Center);
+      l.SetVerticalAlign(fmx::TTextAlign::Center);
+      l.SetTopLeft(topLeft);
+    });
+    fmx::TRecordingCanvas canvas(400, 400);
+    canvas.BeginScene();
+    canvas.SetMatrix(fmx::TMatrix::Translation(translation.X, translation.Y));
+    layout->RenderLayout(canvas);
+    canvas.EndScene();
+    return canvas.CallsOf(TKind::DrawBitmap)[0].Rect.TopLeft();
+  };
+  EXPECT_EQ(corner({0, 0}, {0, 0}), (fmx::TPointF{46, 16}));  // halves go to the even pixel
+  EXPECT_EQ(corner({0.25F, 0}, {0, 0}), (fmx::TPointF{45.75F, 16}));
+  EXPECT_EQ(corner({0, 0.25F}, {0, 0}), (fmx::TPointF{46, 15.75F}));
+  EXPECT_EQ(corner({0, 0}, {0.25F, 0}), (fmx::TPointF{45.5F, 16}));
+  EXPECT_EQ(corner({0, 0}, {0, 0.25F}), (fmx::TPointF{46, 15.5F}));
+  EXPECT_EQ(corner({0.0005F, 0}, {3, 0}), (fmx::TPointF{46, 16}));  // a fraction too small to count
+}
+
+// The base line of every font is as far down as its size.
+class TSizedGlyphs : public fmx::TFixedGlyphs {
+ public:
+  void LoadResource(const fmx::TFontSettings& settings) override {
+    TFixedGlyphs::LoadResource(settings);
+    FSize = settings.Size;
+  }
+  float DoGetBaseline() override { return FSize; }
+
+ private:
+  float FSize = 0;
+};
+
+TEST_F(Drawing, FontsOfALineShareItsBaseLine) {
+  TFontGlyphManagerOrv::SetCurrent(std::make_unique<TBackEndFontGlyphManager>(std::make_unique<TSizedGlyphs>()));
+  const auto font = [](float size) { return std::make_shared<fmx::TFont>(u"F", size); };
+  const auto layout = Laid(u"abc\nd", 200, [&](auto& l) {
+    l.SetFont(*font(20));
+    l.AddAttribute(fmx::TTextRange{1, 1}, fmx::TTextAttribute{font(8), 1});
+    l.AddAttribute(fmx::TTextRange{2, 1}, fmx::TTextAttribute{font(26), 1});
+    l.AddAttribute(fmx::TTextRange{4, 1}, fmx::TTextAttribute{font(8), 1});
+  });
+  const auto glyphs = Drawn(*layout);
+  ASSERT_EQ(glyphs.size(), 4U);
+  EXPECT_EQ(glyphs[0].Dest.Top, 6);
+  EXPECT_EQ(glyphs[1].Dest.Top, 18);
+  EXPECT_EQ(glyphs[2].Dest.Top, 0);
+  EXPECT_EQ(glyphs[3].Dest.Top, 20 + 18);  // the lowest base line so far stays
+}
+
+// Without attributes no run has a font of its own.
+TEST_F(Drawing, PlainTextIsNotMovedToABaseLine) {
+  TFontGlyphManagerOrv::SetCurrent(std::make_unique<TBackEndFontGlyphManager>(std::make_unique<TSizedGlyphs>()));
+  EXPECT_EQ(Drawn(*Laid(u"a", 200, [](auto& l) { l.SetFont(fmx::TFont(u"F", 20)); }))[0].Dest.Top, 0);
+}
+
+TEST_F(Drawing, OpacityReachesGlyphsEllipsisAndLines) {
+  const auto layout = Laid(u"abcdefgh", 55, [](auto& l) {
+    l.SetOpacity(0.5F);
+    l.SetTrimming(fmx::TTextTrimming::Character);
+    l.SetFont(fmx::TFont(u"", 30, {fmx::TFontStyle::Underline}));
+    l.AddAttribute(fmx::TTextRange{0, 8}, fmx::TTextAttribute{nullptr, 0xFF123456});
+  });
+  fmx::TRecordingCanvas canvas(400, 400);
+  const auto glyphs = Calls(*layout, canvas, TKind::DrawBitmap);
+  ASSERT_EQ(glyphs.size(), 4U);
+  for (const auto& glyph : glyphs) {
+    EXPECT_EQ(glyph.Opacity, 0.5F);
+    EXPECT_FALSE(glyph.HighSpeed);
+  }
+  EXPECT_EQ(glyphs[2].Color, 0xFF123456);
+  EXPECT_EQ(glyphs[3].Color, fmx::TAlphaColors::Black);  // the ellipsis has the layout's colour
+  const auto lines = canvas.CallsOf(TKind::DrawLine);
+  ASSERT_EQ(lines.size(), 1U);
+  EXPECT_EQ(lines[0].Opacity, 0.5F);
+  EXPECT_EQ(lines[0].Color, 0xFF123456);
+}
+
 TEST_F(Drawing, EmptyTextDrawsNothing) {
   EXPECT_TRUE(Drawn(*Laid(u"", 200)).empty());
 }
@@ -198,6 +279,40 @@ TEST_F(Atlas, GlyphMetWithinASceneMovesToATextureBehindIt) {
   EXPECT_TRUE(dic.Find(U'a')->SharedBitmap());
   ASSERT_EQ(TGlyphAtlas::CharMaps().size(), 1U);
   EXPECT_EQ(dic.Find(U'a')->Bitmap(), TGlyphAtlas::CharMaps()[0].Texture.get());
+}
+
+TEST_F(Atlas, NewGlyphIsDrawnFromItsOwnBitmapAndFromTheTextureInTheNextScene) {
+  const auto layout = Laid(u"a", 200);
+  fmx::TRecordingCanvas canvas(100, 100);
+  const auto drawn = [&] {
+    TTextLayoutNGOrv::BeginRender();
+    const auto calls = Calls(*layout, canvas, TKind::DrawBitmap);
+    const bool shared =
+        !TGlyphAtlas::CharMaps().empty() && calls.at(0).Bitmap == TGlyphAtlas::CharMaps()[0].Texture.get();
+    TTextLayoutNGOrv::EndRender();
+    return std::pair(shared, calls.at(0).Source.Width());
+  };
+  EXPECT_EQ(drawn(), std::pair(false, 10.0F));
+  EXPECT_EQ(drawn(), std::pair(true, 10.0F));
+}
+
+TEST_F(Atlas, GlyphWithoutAPictureMovesThePenAlone) {
+  fmx::TFixedGlyphs::TOptions options;
+  options.NoGlyphs = U"a";
+  TFontGlyphManagerOrv::SetCurrent(
+      std::make_unique<TBackEndFontGlyphManager>(std::make_unique<fmx::TFixedGlyphs>(options)));
+  const auto layout = Laid(u"ab", 200);
+  const auto glyphs = Drawn(*layout);
+  ASSERT_EQ(Atoms(glyphs), TUCS4List{U'b'});
+  EXPECT_EQ(glyphs[0].Dest.Left, 10);  // its advance counts
+}
+
+TEST_F(Atlas, EndsWithoutABeginDoNothing) {
+  TTextLayoutNGOrv::EndRender();
+  TTextLayoutNGOrv::BeginRender();
+  EXPECT_TRUE(TGlyphAtlas::IsRendering());
+  TTextLayoutNGOrv::EndRender();
+  EXPECT_FALSE(TGlyphAtlas::IsRendering());
 }
 
 // Fixed glyphs that count how often one is asked for.

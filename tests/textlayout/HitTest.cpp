@@ -1,4 +1,5 @@
 // Positions at points, boxes of ranges, and outlines.
+#include "fmx/RecordingCanvas.h"
 #include "tests/textlayout/support/Layouts.h"
 
 namespace orv {
@@ -70,6 +71,34 @@ TEST_F(Measures, EmptyTextHasABoxOfNoWidth) {
   EXPECT_EQ(layout->RegionForRange({0, 1}), (fmx::TRegion{{1, 0, 1, 20}}));
 }
 
+TEST_F(Measures, LayoutThatWasNeverRenderedAnswersNothing) {
+  TTextLayoutNGOrv layout;
+  EXPECT_TRUE(layout.Frame().IsEmpty());
+  EXPECT_EQ(Hit(layout, 0), -1);
+  EXPECT_EQ(layout.RegionForRange({0, 0}), (fmx::TRegion{{0, 0, 0, 0}}));
+  EXPECT_EQ(layout.TextWidth(), 0);
+  EXPECT_EQ(layout.TextHeight(), 0);
+}
+
+// The width of the box takes no part in a height that nothing limits.
+TEST_F(Measures, HeightIsThatOfTheTextHeldByTheBox) {
+  const auto layout = Laid(u"a\nb", 200, [](auto& l) { l.SetMaxSize({200, 30}); });
+  EXPECT_EQ(layout->TextHeight(), 30);
+  layout->SetMaxSize({200, TTextLayoutNGOrv::MaxLayoutSize.Y});
+  EXPECT_EQ(layout->TextHeight(), 40);
+}
+
+TEST_F(Measures, BoxOfATextAboveItsTopBeginsAtTheTop) {
+  const auto layout = Laid(u"a\nb\nc", 200, [](auto& l) {
+    l.SetMaxSize({200, 50});
+    l.SetVerticalAlign(fmx::TTextAlign::Trailing);
+    l.SetTopLeft({7, 8});
+  });
+  EXPECT_EQ(layout->Frame().TopLeft().Y, -10);
+  EXPECT_EQ(layout->TextRect().Top, 8);
+  EXPECT_EQ(layout->TextRect().Left, 7);
+}
+
 TEST_F(Measures, NegativeRangesHaveNone) {
   const auto layout = Laid(u"ab", 200);
   EXPECT_TRUE(layout->RegionForRange({-1, 1}).empty());
@@ -110,6 +139,39 @@ TEST_F(Measures, AskingChangesNothingOfAClippedText) {
   EXPECT_EQ(Lines(*layout), before);
   layout->SetText(u"xy");
   EXPECT_EQ(Extents(layout->MeasureRange(0, 2)), "0-20");
+}
+
+// The frame that is drawn is the one from before the question.
+TEST_F(Measures, AskingForAClippedPlaceKeepsAColourThatIsNotDrawnYet) {
+  const auto layout = Laid(u"abcdefghij", 55);
+  layout->SetColor(0xFF00FF00);
+  layout->MeasureRange(8, 2);
+  fmx::TRecordingCanvas canvas(100, 100);
+  canvas.BeginScene();
+  layout->RenderLayout(canvas);
+  canvas.EndScene();
+  const auto glyphs = canvas.CallsOf(fmx::TRecordedCall::TKind::DrawBitmap);
+  ASSERT_FALSE(glyphs.empty());
+  for (const auto& glyph : glyphs) EXPECT_EQ(glyph.Color, 0xFF00FF00);
+}
+
+// Glyphs that can be had no more.
+class TLostGlyphs : public fmx::TFixedGlyphs {
+ public:
+  fmx::TFontGlyph DoGetGlyph(TGlyphChars, fmx::TFontGlyphSettings, bool) override {
+    throw rtl::Exception("The font is gone");
+  }
+};
+
+TEST_F(Measures, RenderThatFailsForAQuestionLeavesTheFrame) {
+  const auto layout = Laid(u"abcdefghij", 55);
+  const TTexts before = Lines(*layout);
+  TFontGlyphManagerOrv::SetCurrent(std::make_unique<TBackEndFontGlyphManager>(std::make_unique<TLostGlyphs>()));
+  EXPECT_THROW(layout->MeasureRange(8, 2), rtl::Exception);
+  EXPECT_EQ(Lines(*layout), before);
+  EXPECT_FALSE(layout->MeasuringText());
+  TFontGlyphManagerOrv::SetCurrent(std::make_unique<TBackEndFontGlyphManager>(std::make_unique<fmx::TFixedGlyphs>()));
+  EXPECT_EQ(Extents(layout->MeasureRange(8, 2)), "80-100");
 }
 
 TEST_F(Measures, TextRectOfSeveralLinesIsAsWideAsTheBox) {

@@ -223,6 +223,23 @@ TEST_F(LineOrder, ReadingFromRightToLeftCountsFromTheEnd) {
   EXPECT_EQ(line->VisualLast().StartIndex(), 1);
 }
 
+// A font of the run tells whether it lives.
+TEST_F(LineOrder, RunsDieWithTheirLineAndNotByMoving) {
+  TGPUFrame frame(std::make_unique<TFrameStore>());
+  const auto font = std::make_shared<fmx::TFont>(u"F", 9.0F);
+  frame.Add(LineOf({0, 1, 2}, frame.Store()));
+  for (std::int32_t i = 0; i < 3; ++i) frame.Line(0).Item(i).SetFont(font);
+  EXPECT_EQ(font.use_count(), 4);
+  frame.Insert(1, frame.Line(0).SplitBeforeRun(frame.Line(0).Item(1)));
+  EXPECT_EQ(font.use_count(), 4);
+  frame.Line(1).Delete(0);
+  EXPECT_EQ(font.use_count(), 3);
+  frame.Delete(1);
+  EXPECT_EQ(font.use_count(), 2);
+  frame.Delete(0);
+  EXPECT_EQ(font.use_count(), 1);
+}
+
 // Whatever is done to it, an order stays a permutation with one entry for each run.
 TEST_F(LineOrder, OperationsKeepPermutations) {
   std::uint32_t seed = 1;

@@ -201,6 +201,7 @@ bool TTextLayoutNGOrv::FrameLacksText() {
 // One render without clipping serves all queries until the next. The frame that is shown stays what it is, with the
 // colours of its own render, also where this one raises.
 void TTextLayoutNGOrv::MakeUnclippedFrame() {
+  if (CanvasHasOtherScale()) Call<TSlots::DoRenderLayout>();  // both frames are of one scale
   auto shown = std::exchange(FFrame, std::make_unique<TGPUFrame>(std::make_unique<TFrameStore>()));
   const fmx::TAlphaColor shownColor = FOldColor;
   const auto showAgain = [&] {

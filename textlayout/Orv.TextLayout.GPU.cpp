@@ -143,6 +143,10 @@ float TTextLayoutNGOrv::GetNextTab(TGPURun& run, std::int32_t index, float posit
 
 // --- Rendering ---
 
+bool TTextLayoutNGOrv::CanvasHasOtherScale() const {
+  return Canvas() != nullptr && !fmx::SameValue(Canvas()->Scale(), FScale, fmx::ScaleTolerance);
+}
+
 void TTextLayoutNGOrv::DoRenderLayout() {
   fmx::Log::d("DoRenderLayout:Start");
   if (FBidiSelectionType != TBidiSelectionType::btManual) StoreRightToLeft(IsTextRightToLeft());
@@ -150,8 +154,7 @@ void TTextLayoutNGOrv::DoRenderLayout() {
   FFrame3D.reset();
   FUnclippedFrame.reset();
   FLacksText.reset();
-  if (Canvas() != nullptr && !fmx::SameValue(Canvas()->Scale(), FScale, fmx::ScaleTolerance))
-    TakeScale(Canvas()->Scale());
+  if (CanvasHasOtherScale()) TakeScale(Canvas()->Scale());
   FFontKey = FontKeyOf(Font(), FScale);
   if (FTabSize == 0) FTabSize = 8 * LayoutGlyph(U' ').Glyph.Advance;
   auto frame = CreateFrame(std::move(FSpareStore));

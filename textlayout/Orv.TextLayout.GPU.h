@@ -127,6 +127,7 @@ class TTextLayoutNGOrv : public fmx::TGPUTextLayout {
 
  private:
   void TakeScale(float scale);
+  bool CanvasHasOtherScale() const;
   // Of the memory of a frame that has ended, if there is any.
   std::unique_ptr<TGPUFrame> CreateFrame(std::unique_ptr<TFrameStore> store = nullptr);
   void ApplyAttributes(TGPUFrame& frame) const;

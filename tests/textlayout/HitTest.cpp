@@ -155,6 +155,32 @@ TEST_F(Measures, AskingForAClippedPlaceKeepsAColourThatIsNotDrawnYet) {
   for (const auto& glyph : glyphs) EXPECT_EQ(glyph.Color, 0xFF00FF00);
 }
 
+// By the metrics of the new scale letters are narrower: the frame that is shown is of that scale, too.
+TEST_F(Measures, AskingForAClippedPlaceOnACanvasOfANewScale) {
+  class TNarrower : public fmx::TFixedGlyphs {
+   public:
+    void LoadResource(const fmx::TFontSettings& settings) override {
+      TFixedGlyphs::LoadResource(settings);
+      FIsNarrow = settings.Scale > 1;
+    }
+    fmx::TFontGlyph DoGetGlyph(TGlyphChars chars, fmx::TFontGlyphSettings settings, bool colorful) override {
+      fmx::TFontGlyph glyph = TFixedGlyphs::DoGetGlyph(chars, settings, colorful);
+      if (FIsNarrow) glyph.Advance -= 2;
+      return glyph;
+    }
+
+   private:
+    bool FIsNarrow = false;
+  };
+  TFontGlyphManagerOrv::SetCurrent(std::make_unique<TBackEndFontGlyphManager>(std::make_unique<TNarrower>()));
+  fmx::TRecordingCanvas canvas(100, 100);
+  const auto layout = Laid(u"abcdefghij", 55, [&](auto& l) { l.SetCanvas(&canvas); });
+  canvas.Resize(200, 200, 2);
+  EXPECT_EQ(Extents(layout->MeasureRange(8, 1)), "72-81");
+  EXPECT_EQ(Lines(*layout), TTexts{"0,0 w63: 0+9 L 0-63 clipped"});
+  layout->SetCanvas(nullptr);
+}
+
 // Glyphs that can be had no more.
 class TLostGlyphs : public fmx::TFixedGlyphs {
  public:

@@ -1,10 +1,8 @@
 // The layout pass: what sticks out of the box. Lines and runs that lie wholly outside go; of those on its edge, runs at
 // the sides lose whole atoms, and what is left is marked, for the draw pass to cut.
 #include <algorithm>
-#include <string>
 
 #include "fmx/Log.h"
-#include "rtl/Assertions.h"
 #include "textlayout/Orv.TextLayout.GPU.Pass.h"
 #include "textlayout/Orv.TextLayout.Internal.h"
 

@@ -1,13 +1,11 @@
 // The draw pass: puts the glyphs of a frame on a canvas.
 #include <algorithm>
 #include <cmath>
-#include <string>
 
 #include "fmx/CustomCanvasGpu.h"
 #include "fmx/Limits.h"
 #include "fmx/Log.h"
 #include "fmx/Rounding.h"
-#include "rtl/Assertions.h"
 #include "textlayout/Orv.TextLayout.GPU.h"
 #include "textlayout/Orv.TextLayout.Internal.h"
 

@@ -2,7 +2,6 @@
 #include <algorithm>
 #include <array>
 #include <utility>
-#include <vector>
 
 #include "rtl/Assertions.h"
 #include "textlayout/Orv.TextLayout.GPU.h"

@@ -1,7 +1,6 @@
 #include "textlayout/Orv.TextLayout.GPU.Glyphs.h"
 
 #include <algorithm>
-#include <iterator>
 
 #include "fmx/Exceptions.h"
 #include "fmx/GlyphsManager.h"

@@ -4,6 +4,7 @@
 #include <iterator>
 #include <numeric>
 #include <utility>
+#include <vector>
 
 #include "rtl/Assertions.h"
 #include "rtl/Strings.h"

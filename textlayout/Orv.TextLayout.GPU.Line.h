@@ -6,7 +6,6 @@
 #include <memory>
 #include <span>
 #include <string_view>
-#include <vector>
 
 #include "fmx/Geometry.h"
 #include "rtl/Assertions.h"
@@ -135,8 +134,8 @@ class TGPULine {
   // A rest that wrapping leaves keeps the keys of its runs, and makes its list when it is asked for.
   mutable TStoredVector<std::int32_t> FOrder;
   mutable bool FOrderWaits = false;
-  bool FTabsSplit = false;
-  bool FIsRest = false;
+  bool FTabsSplit = false;  // no run but the first can begin with a tab
+  bool FIsRest = false;     // no run but the first can have a box
   fmx::TPointF FTopLeft;
   float FHeight = 0;
   float FWidth = 0;

@@ -113,7 +113,8 @@ class TGPURun {
   std::int32_t UCS4IndexToUTF16Index(std::int32_t index) const;
   std::int32_t UTF16IndexToUCS4Index(std::int32_t index) const;
 
-  // The part from the split on, as a run of its own with the same direction, colour and font, and without draw tags.
+  // The part from the split on, as a run of its own with the same direction, colour and font, and without draw tags
+  // but for TabTags.
   TStored<TGPURun> Split(TSplitIndex at);
   // As Split, but the unit at the split belongs to neither run.
   TStored<TGPURun> SplitAndSkipSpace(TSplitIndex at);

@@ -1,6 +1,5 @@
 // The layout pass: where a line ends that is too wide, with word wrap.
 #include <algorithm>
-#include <utility>
 
 #include "rtl/Assertions.h"
 #include "rtl/Unicode.h"

@@ -38,7 +38,7 @@ class TInternalTextLayout {
   // The unit there, as a text; empty outside of the text.
   std::u16string CharAt(std::int32_t offset) const;
 
-  // The position at that place of the line.
+  // The position within the run at that place of the line.
   std::int32_t GetOffsetForAdvance(float x);
   fmx::TRectF MeasureText(std::int32_t from, std::int32_t to);
   // Answers the advance.
@@ -59,7 +59,7 @@ class TInternalTextLayout {
   TTextLayoutNGOrv& Layout() const { return *FLayout; }
 
  private:
-  // The position at that advance from the run's start.
+  // The position within the run at that advance from its left edge.
   virtual std::int32_t DoGetOffsetForAdvance(std::u16string_view text, float x, float scale) = 0;
   // The position within the run at which it must break, and the size of what fits.
   virtual std::int32_t DoBreakText(std::u16string_view text, float maxWidth, float& width, float& height,

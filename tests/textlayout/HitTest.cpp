@@ -80,7 +80,6 @@ TEST_F(Measures, LayoutThatWasNeverRenderedAnswersNothing) {
   EXPECT_EQ(layout.TextHeight(), 0);
 }
 
-// The width of the box takes no part in a height that nothing limits.
 TEST_F(Measures, HeightIsThatOfTheTextHeldByTheBox) {
   const auto layout = Laid(u"a\nb", 200, [](auto& l) { l.SetMaxSize({200, 30}); });
   EXPECT_EQ(layout->TextHeight(), 30);
@@ -213,6 +212,25 @@ TEST_F(Outlines, StandSideBySide) {
   fmx::TPathData path;
   layout->ConvertToPath(path);
   EXPECT_EQ(path.GetBounds(), (fmx::TRectF{0, 0, 35, 20}));
+}
+
+TEST_F(Outlines, AreDevicePixels) {
+  fmx::TPathData path;
+  Laid(u"ab c", 200, [](auto& l) { l.SetScale(2); })->ConvertToPath(path);
+  EXPECT_EQ(path.GetBounds(), (fmx::TRectF{0, 0, 70, 40}));
+}
+
+TEST_F(Outlines, FollowTheTextAndKnowNoWrapping) {
+  const auto layout = Laid(u"ab cd", 30, Wrapped);
+  const auto bounds = [&] {
+    fmx::TPathData path;
+    layout->ConvertToPath(path);
+    return path.GetBounds();
+  };
+  EXPECT_EQ(bounds(), (fmx::TRectF{0, 0, 45, 20}));
+  EXPECT_EQ(bounds(), (fmx::TRectF{0, 0, 45, 20}));
+  layout->SetText(u"abc");
+  EXPECT_EQ(bounds(), (fmx::TRectF{0, 0, 30, 20}));
 }
 
 TEST_F(Outlines, LinesStandBelowEachOtherAndEmptyTextHasNone) {

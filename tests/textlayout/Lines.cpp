@@ -118,6 +118,25 @@ TEST_F(Runs, TagOfAnotherTypeHasNoTabAdvance) {
   EXPECT_EQ(TDrawTagRec::CreateTabAdvance(4).TabAdvance(), 4);
 }
 
+#ifdef ORV_ASSERTIONS
+TEST_F(Runs, GlyphOfNoAtomIsABrokenInvariant) {
+  const auto run = RunOf(u"ab", false);
+  const fmx::TFont font(u"", 12);
+  TAtomDic& dic = TGlyphAtlas::GetAtomDictionary(font, 1);
+  const auto message = [&](std::int32_t index) -> std::string {
+    try {
+      run->AddOrGetAtomGlyph(nullptr, index, dic, font, 1);
+    } catch (const rtl::EAssertionFailed& error) {
+      return error.what();
+    }
+    return {};
+  };
+  EXPECT_NE(message(-1).find("AtomIndex must be greater than 0"), std::string::npos) << message(-1);
+  EXPECT_NE(message(2).find("AtomIndex=2, Count=2"), std::string::npos) << message(2);
+  EXPECT_EQ(message(1), "");
+}
+#endif
+
 TEST_F(Runs, SplitIndexesAreHeldWithinSixteenBits) {
 #ifdef ORV_ASSERTIONS
   EXPECT_THROW(TSplitIndex::Of(40000, 40000), rtl::EAssertionFailed);

@@ -34,7 +34,7 @@ TEST_F(RunShaping, BreakBehindABlankStaysThere) {
 // Its width stays with the line that it was measured on.
 TEST_F(RunShaping, RunOfOneWordThatDoesNotFitMovesWhole) {
   const auto layout = Laid(u"ab cdefgh", 45, WithRunOf({3, 6}, Wrapped));
-  EXPECT_EQ(Lines(*layout), (TTexts{"0,0 w70: 0+3 L 0-30", "0,20 w40: 3+6 L 0-40"}));
+  ASSERT_EQ(Lines(*layout), (TTexts{"0,0 w70: 0+3 L 0-30", "0,20 w40: 3+6 L 0-40"}));
   EXPECT_EQ(layout->Frame().Line(1).Item(0).InternalRenderer()->Line(), 1);
 }
 

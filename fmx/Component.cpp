@@ -69,4 +69,13 @@ void TComponent::Include(TComponentStateItem item, bool value) {
   for (const auto& owned : FComponents) owned->Include(item, value);
 }
 
+TComponent* TComponent::FindStyleResource(std::string_view name) const {
+  if (name.empty()) return nullptr;
+  for (const auto& each : FComponents) {
+    if (each->FStyleName == name) return each.get();
+    if (TComponent* const found = each->FindStyleResource(name)) return found;
+  }
+  return nullptr;
+}
+
 }  // namespace fmx

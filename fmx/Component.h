@@ -3,6 +3,8 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -51,6 +53,15 @@ class TComponent {
   std::int32_t ComponentCount() const { return static_cast<std::int32_t>(FComponents.size()); }
   TComponent* Component(std::int32_t index) const;
 
+  // --- Style ---
+
+  // The name under which a part of a style is looked up; empty for what is no such part. ASCII.
+  const std::string& StyleName() const { return FStyleName; }
+  void SetStyleName(std::string_view name) { FStyleName = name; }
+  // The part of that name among all that it owns, directly or not, depth first; null where there is none, or for "".
+  // Borrowed.
+  TComponent* FindStyleResource(std::string_view name) const;
+
   // --- State ---
 
   TComponentState ComponentState() const { return FState; }
@@ -93,6 +104,7 @@ class TComponent {
   void Include(TComponentStateItem item, bool value);
 
   TComponent* FOwner = nullptr;
+  std::string FStyleName;
   std::vector<std::unique_ptr<TComponent>> FComponents;
   TComponentState FState;
   std::int64_t FUpdating = 0;

@@ -22,6 +22,10 @@ class TCustomForm : public TComponent, public IRoot {
   TFormState GetFormState() const override { return FFormState; }
   void SetFormState(TFormState state) { FFormState = state; }
 
+  TCanvas* GetCanvas() const override { return FCanvas; }
+  // Borrowed; set it to null before the canvas goes.
+  void SetCanvas(TCanvas* canvas) { FCanvas = canvas; }
+
   TFocusable* GetFocused() const override { return FFocus.Control(); }
   void SetFocused(TFocusable* control) override { FFocus.Set(control); }
 
@@ -34,6 +38,7 @@ class TCustomForm : public TComponent, public IRoot {
  private:
   TBiDiMode FBiDiMode = TBiDiMode::LeftToRight;
   TFormState FFormState;
+  TCanvas* FCanvas = nullptr;
   TRootFocus FFocus;
 };
 

@@ -12,6 +12,8 @@
 
 namespace fmx {
 
+class TStyledPresentation;
+
 // The base of all presentations.
 class TPresentationProxy {
  public:
@@ -22,6 +24,8 @@ class TPresentationProxy {
 
   // The name of the most derived class. Static storage.
   virtual std::string_view ClassName() const = 0;
+  // The presentation, where it is made of framework controls; null otherwise. Borrowed.
+  virtual TStyledPresentation* Presentation() { return nullptr; }
 };
 
 // Makes presentations for controls, by the presentation's name: UTF-8, compared unit by unit. Main thread.
@@ -45,6 +49,7 @@ class TPresentationProxyFactory {
     Replace(NameOf(controlClassName, type), std::move(proxyClass));
   }
   void Unregister(std::string_view name);
+  bool IsRegistered(std::string_view name) const { return FClasses.find(name) != FClasses.end(); }
 
   // A presentation for the control. Raises ENotRegistered where there is none of that name.
   std::unique_ptr<TPresentationProxy> CreatePresentationProxy(std::string_view name, TControl& control) const;

@@ -3,14 +3,17 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
+#include "fmx/Geometry.h"
 #include "fmx/Keys.h"
 #include "fmx/TextTypes.h"
 #include "rtl/Sets.h"
 
 namespace fmx {
 
+class TCanvas;
 class TComponent;
 class TFocusable;
 
@@ -41,6 +44,15 @@ class IRoot {
 
   // Empty for a root that is no form.
   virtual TFormState GetFormState() const { return {}; }
+
+  // What its controls are drawn on; null before there is a window. Borrowed.
+  virtual TCanvas* GetCanvas() const { return nullptr; }
+  // What it shows is out of date; the platform paints it again soon. Nothing without a window.
+  virtual void Invalidate() {}
+  // A point of the screen as a point of the root. The same for a root without a window.
+  virtual TPointF ScreenToClient(TPointF point) const { return point; }
+  // The font family that its controls are to use; empty where it has no opinion.
+  virtual std::u16string DefaultFontFamily() const { return {}; }
 
   // The control that gets the keys; null for none. Borrowed: a root forgets a control that is destroyed.
   virtual TFocusable* GetFocused() const = 0;

@@ -27,6 +27,19 @@ inline std::int64_t Round(double value) {
   return Trunc(std::fmod(below, 2) == 0 ? below : below + 1);  // infinities come here: their rest is no number
 }
 
+// Whole numbers that do not fit stay at the end of what does.
+constexpr std::int32_t Saturated(std::int64_t value) {
+  constexpr std::int64_t least = std::numeric_limits<std::int32_t>::min();
+  constexpr std::int64_t greatest = std::numeric_limits<std::int32_t>::max();
+  return static_cast<std::int32_t>(value < least ? least : value > greatest ? greatest : value);
+}
+constexpr std::int32_t SaturatedSum(std::int32_t a, std::int32_t b) {
+  return Saturated(std::int64_t{a} + b);
+}
+constexpr std::int32_t SaturatedDifference(std::int32_t a, std::int32_t b) {
+  return Saturated(std::int64_t{a} - b);
+}
+
 // The least whole number that is not below the value.
 inline std::int64_t Ceil(double value) {
   return Trunc(std::ceil(value));

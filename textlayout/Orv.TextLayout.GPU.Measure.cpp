@@ -223,7 +223,8 @@ fmx::TRegion TTextLayoutNGOrv::MeasureRange(std::int32_t pos, std::int32_t lengt
   LayoutGlyph(U' ');
   std::int64_t units = length;
   while (rtl::IsMark(rtl::UnitAt(Text(), pos + units))) ++units;
-  if (rtl::IsLowSurrogate(rtl::UnitAt(Text(), pos))) {
+  // Half a pair is measured whole; a lone one stands for itself.
+  if (pos > 0 && rtl::IsLowSurrogate(rtl::UnitAt(Text(), pos)) && rtl::IsHighSurrogate(rtl::UnitAt(Text(), pos - 1))) {
     --pos;
     ++units;
   }

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "fmx/TextLayout.h"
+#include "fmx/TextService.h"
 #include "rtl/Strings.h"
 
 namespace orv {
@@ -13,5 +15,28 @@ namespace orv {
 // start. index is a 0-based code-unit index, at or past the end for the empty text; a negative one counts as 0. Any
 // thread.
 rtl::UnicodeString CutTextForView(std::u16string_view text, bool rightToLeft, std::int32_t index);
+
+// Where carets stand at a position: two where its neighbours read in different directions.
+struct TCaretInfo {
+  std::int32_t CharIndex = 0;  // as given
+  fmx::TPointF MainFlasherPosition;
+  // That of the main one where there is one caret; left as it is for an empty text.
+  fmx::TPointF SecondFlasherPosition;
+  bool DoubleFlasher = false;
+};
+
+// Services for applications that draw carets of their own; the editing controls place theirs by their own rules.
+class TTextServiceHelper {
+ public:
+  TTextServiceHelper() = delete;
+
+  // The carets at the position of the layout's text, which is held in the text; rect is the editing box. By
+  // TOrvEditorOptions::FlasherOption and CaretPositioning. The thread of the layout.
+  static void GetCaretInfo(fmx::TTextLayout& layout, const fmx::TRectF& rect, std::int32_t position, TCaretInfo& info);
+
+  // Draws the layout within the rectangle, and lines under what the service's input method is composing. Needs a scene.
+  static void DrawSingleLine(const fmx::TTextService& service, fmx::TTextLayout& layout, fmx::TCanvas& canvas,
+                             const fmx::TRectF& rect);
+};
 
 }  // namespace orv

@@ -4,6 +4,8 @@
 #include <cstddef>
 
 #include "calendar/StartUp.h"
+#include "editing/Orv.Edit.Style.h"
+#include "editing/Orv.Platform.h"
 #include "runtime/Orv.Controls.h"
 #include "runtime/VirtualClassGenerator.h"
 #include "textlayout/Orv.FontGlyphs.h"
@@ -43,11 +45,11 @@ constexpr TUnit Table[] = {
     {"Unicode.Engine.Types", StartEngine},
     {"OrvSystem.GlobalSettings", StartSettings},
     {"VirtualClass", StartClassList, TVirtualClassGenerator::DestroyClassList},
-    {"Orv.Platform.Win"},
+    {"Orv.Platform.Win", SwapTextService},
     {"Orv.Text"},
     {"Orv.TextLayout.Internal.Win", StartInternalLayout},
     {"Orv.SearchBox.Style"},
-    {"Orv.Edit.Style"},
+    {"Orv.Edit.Style", RegisterEditStyle},
     {"Orv.Controls", OrvReady},
     {"Orv.ComboEdit.Style"},
     {"Orv.Memo.Style"},

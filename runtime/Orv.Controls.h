@@ -8,6 +8,7 @@
 
 #include "fmx/Component.h"
 #include "fmx/Control.h"
+#include "fmx/StyledControl.h"
 #include "fmx/Font.h"
 #include "fmx/TextTypes.h"
 #include "rtl/Exceptions.h"

@@ -4,11 +4,14 @@
 #include <map>
 
 #include "calendar/Orv.Date.Factory.h"
+#include "editing/Orv.Edit.Style.h"
+#include "fmx/FixedGlyphs.h"
 #include "fmx/Presentation.h"
 #include "rtl/FormatSettings.h"
 #include "runtime/Marzel.h"
 #include "runtime/VirtualClassGenerator.h"
 #include "tests/support/Hosts.h"
+#include "textlayout/Orv.FontGlyphs.h"
 #include "textlayout/Orv.TextLayout.GPU.h"
 #include "textlayout/Orv.TextLayout.Internal.Win.h"
 #include "unicode/OrvSystem.GlobalSettings.h"
@@ -127,7 +130,7 @@ TEST_F(Install, TheCanvasAndItsLayoutAreSwapped) {
   orv::Install();
   EXPECT_EQ(ClassParent(fmx::TCanvasManager::DefaultCanvas()), THostGpu::Class());
   EXPECT_EQ(fmx::TTextLayoutManager::GetDefaultLayout(), TTextLayoutNGOrv::Class());
-  EXPECT_EQ(TVirtualClassGenerator::Classes().Count(), 1U);
+  EXPECT_EQ(TVirtualClassGenerator::Classes().Count(), 2U) << "the text service's is the other";
 }
 
 TEST_F(Install, TheCalendarsAreThereAndTheFormatsPersian) {
@@ -142,9 +145,27 @@ TEST_F(Install, UnitsThatOnlyCountHaveNoStep) {
   std::vector<std::string> counting;
   for (const TUnitState& each : Units())
     if (!each.HasStep) counting.emplace_back(each.Name);
-  EXPECT_EQ(counting, (std::vector<std::string>{"Orv.Platform.Win", "Orv.Text", "Orv.SearchBox.Style", "Orv.Edit.Style",
-                                                "Orv.ComboEdit.Style", "Orv.Memo.Style", "Orv.StdCtrls",
-                                                "Orv.ListView.Appearances"}));
+  EXPECT_EQ(counting, (std::vector<std::string>{"Orv.Text", "Orv.SearchBox.Style", "Orv.ComboEdit.Style",
+                                                "Orv.Memo.Style", "Orv.StdCtrls", "Orv.ListView.Appearances"}));
+}
+
+TEST_F(Install, EditsGetTheSystemsPresentation) {
+  TFontGlyphManagerOrv::SetCurrent(std::make_unique<TBackEndFontGlyphManager>(std::make_unique<fmx::TFixedGlyphs>()));
+  orv::Install();
+  fmx::TEdit edit;
+  EXPECT_NE(dynamic_cast<TOrvStyledEdit*>(edit.Presentation()), nullptr);
+  EXPECT_TRUE(fmx::TPresentationProxyFactory::Current().IsRegistered("Edit-ide-platform"));
+  TFontGlyphManagerOrv::SetCurrent(nullptr);
+}
+
+TEST_F(Install, TextServicesCutScrolledTextByItsDirection) {
+  SetUpGpuHost();
+  orv::Install();
+  const auto service = fmx::TTextService::NewDefault(false);
+  EXPECT_EQ(service->ClassName(), "TTextServiceOrv");
+  const TClass named = fmx::FindService<fmx::ITextServiceClassService>()->GetTextServiceClass();
+  orv::Install();
+  EXPECT_EQ(fmx::FindService<fmx::ITextServiceClassService>()->GetTextServiceClass(), named) << "swapped once";
 }
 
 TEST_F(Install, WithoutAPlatformNothingIsSwappedAndNothingIsSaid) {
@@ -191,7 +212,7 @@ TEST_F(Install, UnloadingTakesNoRegistrationBack) {
   orv::Install();
   const TClass canvas = fmx::TCanvasManager::DefaultCanvas();
   Uninstall();
-  EXPECT_EQ(TVirtualClassGenerator::Classes().Count(), 1U) << "still loaded once";
+  EXPECT_EQ(TVirtualClassGenerator::Classes().Count(), 2U) << "still loaded once";
   Uninstall();
   EXPECT_EQ(TVirtualClassGenerator::Classes().Count(), 0U) << "the list alone goes";
   EXPECT_EQ(fmx::TCanvasManager::DefaultCanvas(), canvas);

@@ -15,7 +15,7 @@ namespace {
 constexpr int DepthLimit = 64;
 
 std::vector<std::span<const TOp>> OpTables() {
-  return {TextOps(), CalendarOps(), ClassicOps(), MarkupOps(), ReaderOps(), ClassOps(), LayoutOps()};
+  return {TextOps(), CalendarOps(), ClassicOps(), MarkupOps(), ReaderOps(), ClassOps(), LayoutOps(), EditOps()};
 }
 
 const TOp* FindOp(std::string_view name) {

@@ -27,6 +27,7 @@ std::span<const TOp> MarkupOps();
 std::span<const TOp> ReaderOps();
 std::span<const TOp> ClassOps();
 std::span<const TOp> LayoutOps();
+std::span<const TOp> EditOps();
 
 // The answer to one request line, without a line end. Never raises.
 std::string Answer(std::string_view line);

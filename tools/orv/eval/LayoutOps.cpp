@@ -1,20 +1,16 @@
 // The text layout: builds one out of a request, renders it once, and tells its frame, what it draws and what it
 // answers.
-#include <array>
-#include <charconv>
-#include <cmath>
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "fmx/FixedGlyphs.h"
 #include "fmx/GlyphsManager.h"
 #include "fmx/RecordingCanvas.h"
 #include "textlayout/Orv.FontGlyphs.h"
 #include "textlayout/Orv.TextLayout.GPU.h"
 #include "tools/orv/eval/Arguments.h"
+#include "tools/orv/eval/Geometry.h"
 #include "tools/orv/eval/LayoutValues.h"
 
 namespace orv::eval {
@@ -24,50 +20,15 @@ constexpr TNamed<fmx::TFontStyle> StyleNames[] = {{"Bold", fmx::TFontStyle::Bold
                                                   {"Italic", fmx::TFontStyle::Italic},
                                                   {"Underline", fmx::TFontStyle::Underline},
                                                   {"StrikeOut", fmx::TFontStyle::StrikeOut}};
-constexpr TNamed<fmx::TTextAlign> AlignNames[] = {{"Leading", fmx::TTextAlign::Leading},
-                                                  {"Center", fmx::TTextAlign::Center},
-                                                  {"Trailing", fmx::TTextAlign::Trailing}};
 constexpr TNamed<fmx::TTextTrimming> TrimmingNames[] = {{"None", fmx::TTextTrimming::None},
                                                         {"Character", fmx::TTextTrimming::Character},
                                                         {"Word", fmx::TTextTrimming::Word}};
 constexpr TNamed<TBidiSelectionType> SelectionNames[] = {{"btManual", TBidiSelectionType::btManual},
                                                          {"btForm", TBidiSelectionType::btForm},
                                                          {"btContext", TBidiSelectionType::btContext}};
-enum class TMetrics : std::uint8_t { Fixed, Font };
 constexpr TNamed<TMetrics> MetricsNames[] = {{"fixed", TMetrics::Fixed}, {"font", TMetrics::Font}};
 
 // --- Reading ---
-
-float Float(std::string_view name, const TJson& value) {
-  const auto number = value.is_number() ? value.get<float>() : NAN;
-  if (!std::isfinite(number)) throw BadRequest("'" + std::string(name) + "' must hold finite numbers");
-  return number;
-}
-
-float Positive(std::string_view name, const TJson& value) {
-  const float number = Float(name, value);
-  if (!(number > 0)) throw BadRequest("'" + std::string(name) + "' must be above 0");
-  return number;
-}
-
-template <std::size_t N>
-std::array<float, N> Floats(std::string_view name, const TJson& value) {
-  if (!value.is_array() || value.size() != N)
-    throw BadRequest("'" + std::string(name) + "' must hold " + std::to_string(N) + " numbers");
-  std::array<float, N> numbers{};
-  for (std::size_t i = 0; i < N; ++i) numbers[i] = Float(name, value[i]);
-  return numbers;
-}
-
-const TJson& Object(std::string_view name, const TJson& value) {
-  if (!value.is_object()) throw BadRequest("'" + std::string(name) + "' must be an object");
-  return value;
-}
-
-const TJson& Array(std::string_view name, const TJson& value) {
-  if (!value.is_array()) throw BadRequest("'" + std::string(name) + "' must be an array");
-  return value;
-}
 
 fmx::TAlphaColor Color(const TArguments& arguments) {
   return static_cast<fmx::TAlphaColor>(arguments.Integer("Color", 0, 0xFFFFFFFF));
@@ -149,41 +110,7 @@ std::unique_ptr<TTextLayoutNGOrv> ReadLayout(const TArguments& arguments) {
   return layout;
 }
 
-// The glyphs of a request, in force while it lives.
-class TMetricsScope {
- public:
-  explicit TMetricsScope(TMetrics metrics) {
-    if (metrics == TMetrics::Font) return;
-    TFontGlyphManagerOrv::SetCurrent(std::make_unique<TBackEndFontGlyphManager>(std::make_unique<fmx::TFixedGlyphs>()));
-  }
-  ~TMetricsScope() { TFontGlyphManagerOrv::SetCurrent(nullptr); }
-  TMetricsScope(const TMetricsScope&) = delete;
-  TMetricsScope& operator=(const TMetricsScope&) = delete;
-};
-
 // --- Writing ---
-
-// The fewest digits that read back to the same float.
-TJson Number(float value) {
-  if (value == std::trunc(value) && std::fabs(value) < 1e9F) return static_cast<std::int64_t>(value);
-  char text[32];
-  *std::to_chars(text, text + sizeof text - 1, value).ptr = '\0';
-  return std::strtod(text, nullptr);
-}
-
-TJson Point(fmx::TPointF point) {
-  return TJson::array({Number(point.X), Number(point.Y)});
-}
-
-TJson Rect(const fmx::TRectF& rect) {
-  return TJson::array({Number(rect.Left), Number(rect.Top), Number(rect.Right), Number(rect.Bottom)});
-}
-
-TJson Region(const fmx::TRegion& region) {
-  TJson rects = TJson::array();
-  for (const fmx::TRectF& rect : region) rects.push_back(Rect(rect));
-  return rects;
-}
 
 TJson Font(const fmx::TFont* font) {
   if (font == nullptr) return nullptr;

@@ -1,0 +1,305 @@
+// Keys of the single-line edit.
+#include <algorithm>
+#include <utility>
+
+#include "editing/Orv.Edit.Style.h"
+#include "fmx/CanvasManager.h"
+#include "fmx/TextWords.h"
+#include "rtl/Unicode.h"
+
+namespace orv {
+namespace {
+
+using fmx::Keys;
+using fmx::TShiftItem;
+using fmx::TShiftState;
+
+constexpr TShiftState ShiftAlone{TShiftItem::Shift};
+constexpr TShiftState DirectionKeys{TShiftItem::Shift, TShiftItem::Ctrl};
+
+std::int32_t LengthOf(std::u16string_view text) {
+  return static_cast<std::int32_t>(text.size());
+}
+
+char16_t UnitOf(std::u16string_view text, std::int32_t index) {
+  return index >= 0 && index < LengthOf(text) ? text[static_cast<std::size_t>(index)] : u'\0';
+}
+
+constexpr bool MovesCaret(Keys::TCode key) {
+  return key == Keys::End || key == Keys::Home || key == Keys::Left || key == Keys::Right;
+}
+
+// Characters that change the text: Backspace, paste and cut as characters, and what is typed.
+constexpr bool ChangesText(char16_t c) {
+  return c == 8 || c == 22 || c == 24 || c >= 32;
+}
+
+}  // namespace
+
+struct TOrvStyledEdit::TKeyStroke {
+  Keys::TCode Key;
+  TShiftState Shift;
+  bool Ctrl;  // or Command
+  bool Handled = false;
+  bool Finished = false;  // nothing more is to be done about it
+
+  void Handle() { Handled = true; }
+};
+
+void TOrvStyledEdit::KeyDown(fmx::TKeyEvent& event) {
+  if (!Model().InputSupport()) return;
+  if (!AskEditLink(event)) return event.SetHandled();
+  FEdit.Observers().ControlValueModified();
+  if (event.KeyChar == 0 && event.Shift == DirectionKeys) return ToggleBidiMode();
+  if (IsRightToLeft()) {
+    if (event.Key == Keys::Left)
+      event.Key = Keys::Right;
+    else if (event.Key == Keys::Right)
+      event.Key = Keys::Left;
+  }
+  TStyledPresentation::KeyDown(event);
+  const std::int32_t old = GetOriginCaretPosition();
+  FLastChar = event.KeyChar;
+  FLastKey = event.Key;
+
+  TKeyStroke stroke{event.Key, event.Shift,
+                    event.Shift.Contains(TShiftItem::Ctrl) || event.Shift.Contains(TShiftItem::Command)};
+  ActOnKey(stroke);
+  if (!stroke.Finished) {
+    const std::u16string& filter = Model().FilterChar();
+    if (!filter.empty() && filter.find(event.KeyChar) == std::u16string::npos) event.KeyChar = 0;
+    if (MovesCaret(event.Key)) {
+      SelectByKey(event.Shift.Contains(TShiftItem::Shift), old);
+      stroke.Handle();
+    }
+    if (event.KeyChar >= 32 && !Model().ReadOnly()) {
+      TypeCharacter(event.KeyChar);
+      stroke.Handle();
+    }
+    if (ResourceControl() != nullptr) UpdateEffects();
+  }
+  if (stroke.Handled) event.SetHandled();
+}
+
+// False where the link refuses the key, or takes it for itself.
+bool TOrvStyledEdit::AskEditLink(const fmx::TKeyEvent& event) {
+  const fmx::TObservers& observers = FEdit.Observers();
+  if (!observers.IsObserving(fmx::TObserverKind::EditLink)) return true;
+  const auto edits = [&] {
+    if (observers.EditLinkEdit()) return true;
+    observers.EditLinkReset();
+    return false;
+  };
+  const bool changes = event.Key == Keys::Backspace || event.Key == Keys::Delete ||
+                       (event.Key == Keys::Insert && event.Shift.Contains(TShiftItem::Shift));
+  if (changes && !edits()) return false;
+  if (event.KeyChar >= 32 && !observers.EditLinkIsValidChar(event.KeyChar)) return false;
+  if (event.KeyChar == Keys::Escape) {
+    observers.EditLinkReset();
+    FEdit.SelectAll();
+    return false;
+  }
+  if (ChangesText(event.KeyChar) && !edits()) return false;
+  if (observers.EditLinkIsEditing()) observers.EditLinkModified();
+  return true;
+}
+
+void TOrvStyledEdit::ActOnKey(TKeyStroke& stroke) {
+  const bool editable = !Model().ReadOnly();
+  switch (stroke.Key) {
+    case Keys::Insert:
+      if (stroke.Shift == ShiftAlone) {
+        FEdit.PasteFromClipboard();
+        DoTyping();
+        stroke.Handle();
+      } else if (stroke.Ctrl) {
+        FEdit.CopyToClipboard();
+        stroke.Handle();
+      }
+      return;
+    case Keys::Home:
+      SetCaretPosition(0);
+      return stroke.Handle();
+    case Keys::End:
+      SetCaretPosition(LengthOf(GetText()));
+      return stroke.Handle();
+    case Keys::Left:
+      return MoveLeft(stroke);
+    case Keys::Right:
+      return MoveRight(stroke);
+    case Keys::Backspace:
+      if (editable) Backspace(stroke);
+      return;
+    case Keys::Delete:
+      if (editable) Delete(stroke);
+      return;
+    case Keys::Return:
+      return Return();
+    case 'A':
+      if (!stroke.Ctrl || stroke.Shift.Contains(TShiftItem::Shift) || stroke.Shift.Contains(TShiftItem::Alt)) return;
+      FEdit.SelectAll();
+      return stroke.Handle();
+    case 'C':
+      if (!stroke.Ctrl) return;
+      FEdit.CopyToClipboard();
+      return stroke.Handle();
+    case 'V':
+      if (!stroke.Ctrl) return;
+      FEdit.PasteFromClipboard();
+      DoTyping();
+      return stroke.Handle();
+    case 'X':
+      if (!stroke.Ctrl || !editable) return;
+      CutSelectedText();
+      DoTyping();
+      return stroke.Handle();
+    case 'Z':
+      if (!stroke.Ctrl) return;
+      FEdit.Observers().EditLinkReset();
+      FEdit.Observers().ControlValueUpdate();
+      return stroke.Handle();
+    default:
+      return;
+  }
+}
+
+// --- Moves ---
+
+void TOrvStyledEdit::MoveLeft(TKeyStroke& stroke) {
+  const std::u16string text = GetText();
+  const std::int32_t caret = GetCaretPosition();
+  if (stroke.Ctrl) {
+    SetCaretPosition(fmx::GetPrevLexemeBegin(text, caret));
+    stroke.Handle();
+  } else if (caret > 0 && !text.empty()) {
+    SetCaretPosition(caret - (rtl::IsLowSurrogate(UnitOf(text, caret - 1)) ? 2 : 1));
+    stroke.Handle();
+  }
+}
+
+void TOrvStyledEdit::MoveRight(TKeyStroke& stroke) {
+  const std::u16string text = GetText();
+  const std::int32_t caret = GetCaretPosition();
+  if (stroke.Ctrl) {
+    SetCaretPosition(fmx::GetNextLexemeBegin(text, caret));
+    stroke.Handle();
+  } else if (caret < LengthOf(text)) {
+    SetCaretPosition(caret + (rtl::IsHighSurrogate(UnitOf(text, caret)) ? 2 : 1));
+    stroke.Handle();
+  }
+}
+
+void TOrvStyledEdit::SelectByKey(bool shift, std::int32_t old) {
+  {
+    const fmx::TModelUpdate update(Model());
+    if (shift) {
+      const std::int32_t caret = GetOriginCaretPosition();
+      Model().SetSelStart(caret);
+      Model().SetSelLength(fmx::SaturatedDifference(Model().SelLength(), caret - old));
+    } else {
+      Model().SetSelStart(GetCaretPosition());
+      Model().SetSelLength(0);
+    }
+  }
+  RepaintEdit();
+  UpdateSelectionPointPositions();
+}
+
+// --- Deletions ---
+
+void TOrvStyledEdit::DeleteSelectedText() {
+  if (!IsEditable() || !Model().HasSelection()) return;
+  std::u16string text = FEdit.Text();
+  text.erase(static_cast<std::size_t>(FEdit.GetSelStart()), static_cast<std::size_t>(FEdit.GetSelLength()));
+  SetTextInternal(text);
+  FEdit.ResetSelection();
+  FEdit.Observers().ControlValueModified();
+}
+
+void TOrvStyledEdit::CutSelectedText() {
+  FEdit.CopyToClipboard();
+  DeleteSelectedText();
+  FEdit.Observers().ControlValueModified();
+}
+
+// The caret goes where count units, if any, have gone.
+void TOrvStyledEdit::RemoveTyped(std::int32_t position, std::int32_t count) {
+  std::u16string text = GetText();
+  if (position >= 0 && position < LengthOf(text) && count > 0)
+    text.erase(static_cast<std::size_t>(position), static_cast<std::size_t>(count));
+  SetTextInternal(text);
+  SetCaretPosition(position);
+  DoTyping();
+}
+
+void TOrvStyledEdit::Backspace(TKeyStroke& stroke) {
+  if (Model().HasSelection()) {
+    DeleteSelectedText();
+    DoTyping();
+    return stroke.Handle();
+  }
+  const std::u16string text = GetText();
+  if (text.empty()) return;
+  const std::int32_t caret = GetCaretPosition();
+  if (stroke.Ctrl) {
+    const std::int32_t word = fmx::GetPrevLexemeBegin(text, caret);
+    stroke.Finished = word < 0;
+    if (stroke.Finished) return;
+    RemoveTyped(word, caret - word);
+  } else {
+    const bool pair = rtl::IsLowSurrogate(UnitOf(text, caret - 1));
+    RemoveTyped(caret - (pair ? 2 : 1), pair ? 2 : 1);
+  }
+  stroke.Handle();
+}
+
+void TOrvStyledEdit::Delete(TKeyStroke& stroke) {
+  if (Model().HasSelection()) {
+    if (stroke.Shift == ShiftAlone)
+      CutSelectedText();
+    else
+      DeleteSelectedText();
+    DoTyping();
+    return stroke.Handle();
+  }
+  const std::u16string text = GetText();
+  if (text.empty()) return;
+  const std::int32_t caret = GetCaretPosition();
+  if (stroke.Ctrl) {
+    const std::int32_t word = fmx::GetNextLexemeBegin(text, caret);
+    stroke.Finished = word < 0;
+    if (stroke.Finished) return;
+    RemoveTyped(word, caret - word);
+  } else {
+    const bool pair = LengthOf(text) > 1 && rtl::IsHighSurrogate(UnitOf(text, caret));
+    RemoveTyped(caret, pair ? 2 : 1);
+  }
+  stroke.Handle();
+}
+
+// --- Others ---
+
+void TOrvStyledEdit::Return() {
+  {
+    const fmx::TModelUpdate update(Model());
+    Model().SetTyping(false);
+  }
+  Model().Change();
+  FEdit.Observers().EditLinkUpdate();
+  FEdit.Observers().ControlValueUpdate();
+  fmx::IRoot* const root = Root();
+  if (Model().KillFocusByReturn() && root != nullptr) root->SetFocused(nullptr);
+}
+
+void TOrvStyledEdit::TypeCharacter(char16_t c) {
+  FCharsBuffer.push_back(c);
+  if (rtl::IsHighSurrogate(c)) return;
+  {
+    const fmx::TModelUpdate update(Model());
+    Model().SetTyping(true);
+  }
+  InsertText(std::exchange(FCharsBuffer, {}));
+  DoTyping();
+}
+
+}  // namespace orv

@@ -1,0 +1,306 @@
+// The control's state, its text and caret, and the messages of its model.
+#include "editing/Orv.Edit.Style.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "fmx/CanvasManager.h"
+#include "fmx/Exceptions.h"
+#include "fmx/TextLayoutManager.h"
+#include "textlayout/Orv.TextLayout.GPU.h"
+#include "unicode/Unicode.Engine.Types.h"
+
+namespace orv {
+namespace {
+
+fmx::TCustomEdit& AsEdit(fmx::TPresentedControl& control) {
+  auto* const edit = dynamic_cast<fmx::TCustomEdit*>(&control);
+  if (edit == nullptr) throw fmx::EInvalidOperation("The control is no edit");
+  return *edit;
+}
+
+std::unique_ptr<fmx::TTextLayout> NewDefaultLayout() {
+  const TClass registered = fmx::TTextLayoutManager::GetDefaultLayout();
+  return fmx::TTextLayout::New(registered != nullptr ? registered : TTextLayoutNGOrv::Class());
+}
+
+std::int32_t LengthOf(std::u16string_view text) {
+  return static_cast<std::int32_t>(text.size());
+}
+
+}  // namespace
+
+TOrvStyledEdit::TOrvStyledEdit(fmx::TPresentedControl& control)
+    : TStyledPresentation(control),
+      FEdit(AsEdit(control)),
+      FTextService(fmx::TTextService::NewDefault(false)),
+      FTextLayout(NewDefaultLayout()),
+      FView(*this),
+      FLoupeService(fmx::FindService<fmx::ILoupeService>()),
+      FClipboardSvc(fmx::FindService<fmx::IFMXClipboardService>()) {
+  SetInteractiveGestures(InteractiveGestures() + fmx::TInteractiveGestures{fmx::TInteractiveGesture::LongTap,
+                                                                           fmx::TInteractiveGesture::DoubleTap});
+}
+
+TOrvStyledEdit::~TOrvStyledEdit() {
+  FreeStyleLookup();
+}
+
+void RegisterEditStyle() {
+  auto& factory = fmx::TPresentationProxyFactory::Current();
+  const auto make = &fmx::TStyledPresentationProxy<TOrvStyledEdit>::Make;
+  factory.Replace("TEdit", fmx::TControlType::Styled, make);
+  factory.Replace("Edit-ide-platform", make);
+}
+
+// --- Direction ---
+
+bool TOrvStyledEdit::IsRightToLeft() const {
+  return fmx::GlobalUseGPUCanvas && FBidiMode == fmx::TBiDiMode::RightToLeft;
+}
+
+void TOrvStyledEdit::SetBidiMode(fmx::TBiDiMode mode) {
+  if (mode == FBidiMode) return;
+  FBidiMode = mode;
+  UpdateTextLayout();
+}
+
+void TOrvStyledEdit::ToggleBidiMode() {
+  using fmx::TBiDiMode;
+  SetBidiMode(FBidiMode == TBiDiMode::LeftToRight ? TBiDiMode::RightToLeft : TBiDiMode::LeftToRight);
+}
+
+fmx::TFillTextFlags TOrvStyledEdit::FillTextFlags() {
+  FBidiMode =
+      HorizontalAlignment() == fmx::TTextAlign::Trailing ? fmx::TBiDiMode::RightToLeft : fmx::TBiDiMode::LeftToRight;
+  return IsRightToLeft() ? fmx::TFillTextFlags{fmx::TFillTextFlag::RightToLeft} : fmx::TFillTextFlags{};
+}
+
+void TOrvStyledEdit::UpdateDirection(std::u16string_view text) {
+  fmx::TTextSettings& settings = Model().TextSettings();
+  if (!FAutoDirection || settings.HorzAlign() == fmx::TTextAlign::Center) return;
+  const fmx::IRoot* const root = Root();
+  const bool rootRightToLeft = root != nullptr && root->GetBiDiMode() != fmx::TBiDiMode::LeftToRight;
+  const bool rightToLeft = TDirectiveChars::IsRTLText(text, rootRightToLeft);
+  settings.SetHorzAlign(rightToLeft ? fmx::TTextAlign::Trailing : fmx::TTextAlign::Leading);
+}
+
+// --- Places ---
+
+fmx::TRectF TOrvStyledEdit::ContentRect() const {
+  return FContent != nullptr ? FContent->LocalRect() : LocalRect();
+}
+
+fmx::TBounds TOrvStyledEdit::ContentPadding() const {
+  return FContent != nullptr ? FContent->Padding() : fmx::TBounds{};
+}
+
+fmx::TTextAlign TOrvStyledEdit::HorizontalAlignment() const {
+  return ResultingSettings().HorzAlign();
+}
+
+float TOrvStyledEdit::GetPasswordCharWidth() const {
+  return ResultingSettings().Font().Size() / 2;
+}
+
+float TOrvStyledEdit::GetFlasherWidth() const {
+  return Model().Caret().GetFlasher().GetWidth();
+}
+
+// --- Caret ---
+
+void TOrvStyledEdit::SetCaretPosition(std::int32_t value) {
+  const std::int32_t position = std::clamp(value, 0, LengthOf(GetText()));
+  FTextService->SetMarkedTextPosition({position, 0});
+  FTextService->SetCaretPosition({position, 0});
+  FView.UpdateFirstVisibleChar();
+  {
+    const fmx::TModelUpdate update(Model());
+    Model().SetCaretPosition(position);
+    if (Model().SelLength() == 0) Model().SetSelStart(value);
+  }
+  UpdateSelectionPointPositions();
+  RepaintEdit();
+  UpdateCaretPosition();
+}
+
+void TOrvStyledEdit::UpdateCaretPosition() {
+  if (!IsFocused()) return;
+  fmx::TCustomCaret& caret = Model().Caret();
+  const fmx::TRectF content = ContentRect();
+  const float width = caret.Width();
+  const float place = FView.GetCharX(FTextService->HasMarkedText() ? GetCaretPosition() : GetOriginCaretPosition());
+  const float x = std::max(0.0F, std::min(place, content.Right - width + 1));
+  caret.BeginUpdate();
+  caret.SetPosition({x, std::trunc(FLineTop)});
+  caret.SetSize({std::min(width, content.Width()), std::trunc(FLineHeight)});
+  caret.EndUpdate();
+}
+
+void TOrvStyledEdit::RepaintEdit() {
+  if (FContent != nullptr) FContent->Repaint();
+}
+
+void TOrvStyledEdit::ShowPrompt() {
+  if (FPrompt != nullptr) FPrompt->SetVisible(Model().Text().empty());
+}
+
+// --- Text ---
+
+void TOrvStyledEdit::SetTextInternal(std::u16string_view text) {
+  UpdateDirection(text);
+  Model().SetText(text);
+  // The model may have left some of it out.
+  FTextService->SetText(Model().Text());
+  FTextLayout->SetText(Model().Text());
+  if (FPrompt != nullptr)
+    ShowPrompt();
+  else
+    UpdateCaretPosition();
+}
+
+void TOrvStyledEdit::SetText(std::u16string_view text) {
+  if (text == GetText()) return;
+  SetTextInternal(text);
+  SetCaretPosition(std::min(LengthOf(GetText()), GetOriginCaretPosition()));
+  {
+    const fmx::TModelUpdate update(Model());
+    Model().SetSelStart(0);
+    Model().SetSelLength(0);
+  }
+  Model().Change();
+  RepaintEdit();
+}
+
+void TOrvStyledEdit::InsertText(std::u16string_view inserted) {
+  if (Model().ReadOnly() && !Model().InputSupport()) return;
+  std::u16string text = GetText();
+  const std::int64_t start = Model().SelStart();
+  const std::int64_t length = Model().SelLength();
+  // A selection that lies outside of the text would leave the caret where nothing was inserted.
+  const auto position = std::clamp<std::int64_t>(std::min(start, start + length), 0, LengthOf(text));
+  const auto count = std::min<std::int64_t>(std::abs(length), LengthOf(text) - position);
+  text.replace(static_cast<std::size_t>(position), static_cast<std::size_t>(count), inserted);
+  {
+    const fmx::TModelUpdate update(Model());
+    Model().SetSelLength(0);
+  }
+  SetTextInternal(text);
+  SetCaretPosition(static_cast<std::int32_t>(position) + LengthOf(inserted));
+}
+
+void TOrvStyledEdit::DoTyping() {
+  if (const auto event = Model().OnTyping) event();
+}
+
+// --- Messages ---
+
+void TOrvStyledEdit::Dispatch(fmx::TMessage& message) {
+  using namespace fmx;
+  switch (message.Id) {
+    case MMCaretPositionChanged:
+      return SetCaretPosition(message.As<std::int32_t>());
+    case MMSelStartChanged:
+    case MMSelLengthChanged:
+      UpdateSelectionPointPositions();
+      return RepaintEdit();
+    case MMTextChanging:
+      return DoChangeTracking();
+    case MMTextChanged:
+      return TextChanged(message.As<std::u16string>());
+    case MMTextSettingsChanged:
+      return TextSettingsChanged(message.As<bool>());
+    case MMMaxLengthChanged:
+      return FTextService->SetMaxLength(Model().MaxLength());
+    case MMCharCaseChanged:
+      return FTextService->SetCharCase(Model().CharCase());
+    case MMFilterCharChanged:
+      return FTextService->SetFilterChar(Model().FilterChar());
+    case MMImeModeChanged:
+      return ImeModeChanged();
+    case MMPasswordChanged:
+      return PasswordChanged();
+    case MMPromptTextChanged:
+      return PromptTextChanged();
+    case MMCheckSpellingChanged:
+      return CheckSpellingChanged(message.As<bool>());
+    case MMGetCaretPositionByPoint:
+      message.Value = FView.GetCaretPosition(message.As<TPointF>().X);
+      return;
+    case MMEditButtonsChanged:
+      return RealignButtonsContainer();
+    case PMInit:
+      return Init();
+    case PMDoBeforeExit:
+      return BeforeExit();
+    case PMInsertText:
+      return InsertText(message.As<std::u16string>());
+    case PMGetTextContentRect:
+      message.Value = ContentRect();
+      return;
+    default:
+      return TStyledPresentation::Dispatch(message);
+  }
+}
+
+void TOrvStyledEdit::TextChanged(std::u16string_view text) {
+  if (text == GetText()) return;
+  FTextLayout->SetText(text);
+  FTextService->SetText(text);
+  FView.UpdateFirstVisibleChar();
+  if (GetOriginCaretPosition() > LengthOf(text))
+    SetCaretPosition(LengthOf(text));
+  else
+    UpdateCaretPosition();
+  ShowPrompt();
+  RepaintEdit();
+}
+
+void TOrvStyledEdit::TextSettingsChanged(bool isSizeChange) {
+  if (!IsLoading() && !IsDesigning()) {
+    if (isSizeChange) {
+      UpdateTextHeight();
+      if (!DisableAlign()) RealignContent();
+    }
+    RepaintEdit();
+  }
+  UpdateTextLayout();
+}
+
+void TOrvStyledEdit::ImeModeChanged() {
+  FTextService->SetImeMode(Model().Password() ? fmx::TImeMode::Disable : Model().ImeMode());
+}
+
+void TOrvStyledEdit::PasswordChanged() {
+  ImeModeChanged();
+  UpdateCaretPosition();
+  RepaintEdit();
+}
+
+void TOrvStyledEdit::PromptTextChanged() {
+  if (auto* const prompt = dynamic_cast<fmx::ITextObject*>(FPrompt)) prompt->SetText(Model().PromptText());
+}
+
+void TOrvStyledEdit::Init() {
+  const std::u16string& text = Model().Text();
+  FTextService->SetMaxLength(Model().MaxLength());
+  FTextLayout->SetText(text);
+  FTextService->SetText(text);
+  if (GetOriginCaretPosition() > LengthOf(GetText())) SetCaretPosition(LengthOf(GetText()));
+  ShowPrompt();
+  RepaintEdit();
+  FEdit.ButtonsContent().BringToFront();
+  RealignButtonsContainer();
+  UpdateTextLayout();
+}
+
+void TOrvStyledEdit::BeforeExit() {
+  if (Root() == nullptr) return;
+  Model().Change();
+  FEdit.Observers().EditLinkUpdate();
+  FEdit.Observers().ControlValueUpdate();
+  UpdateSelectionPointPositions();
+}
+
+}  // namespace orv

@@ -1,0 +1,64 @@
+// The text service under the system.
+#include "editing/Orv.Platform.h"
+
+#include <gtest/gtest.h>
+
+#include "fmx/RecordingCanvas.h"
+#include "fmx/Services.h"
+#include "rtl/Assertions.h"
+#include "tests/editing/LayoutScope.h"
+
+namespace orv::testing {
+namespace {
+
+class TTelling : public fmx::TTextService {
+ public:
+  static constexpr int SlotCount = fmx::TTextService::SlotCount;
+  static TClass Class() {
+    return CompiledClass<TTelling, fmx::TTextService, FillNew<TSlots::Create, TTelling>,
+                         Fill<TSlots::DrawSingleLineText, &TTelling::Tell>>("Test", "TTelling");
+  }
+  explicit TTelling(bool multiLine, TClass aClass = Class()) : TTextService(multiLine, aClass) {}
+  void Tell(fmx::TCanvas&, std::u16string_view text, const fmx::TSingleLineDrawing&) { Told = text; }
+  static inline std::u16string Told;
+};
+
+class PlatformPieces : public ::testing::Test {
+ private:
+  TLayoutScope FScope;
+};
+
+TEST_F(PlatformPieces, AScrolledLineLosesTheFarEndOfATextAgainstItsView) {
+  const auto service = fmx::TTextService::New(GenerateTextServiceClass(TTelling::Class()), false);
+  EXPECT_EQ(service->ClassName(), "TTellingOrv");
+  EXPECT_TRUE(service->InheritsFrom(TTelling::Class()));
+  service->SetText(u"سلام");
+  fmx::TRecordingCanvas canvas(10, 10);
+  fmx::TSingleLineDrawing drawing;
+  drawing.FirstVisibleChar = 2;
+  service->DrawSingleLine(canvas, drawing);
+  const std::u16string againstView = TTelling::Told;
+  drawing.Flags.Include(fmx::TFillTextFlag::RightToLeft);
+  service->DrawSingleLine(canvas, drawing);
+  EXPECT_EQ(TTelling::Told, u"لام");
+  EXPECT_EQ(againstView, u"لام") << "a text of one direction is cut plainly";
+  service->SetText(u"ab سلام");
+  drawing.Flags = {};
+  drawing.FirstVisibleChar = 5;
+  service->DrawSingleLine(canvas, drawing);
+  EXPECT_EQ(TTelling::Told, u" سل") << "the end of the run scrolled away, to which the blank belongs";
+}
+
+TEST_F(PlatformPieces, OnlyATextServiceCanBeSwapped) {
+  EXPECT_THROW(GenerateTextServiceClass(fmx::TRecordingCanvas::Class()), rtl::EAssertionFailed);
+  EXPECT_THROW(GenerateTextServiceClass(nullptr), rtl::EAssertionFailed);
+}
+
+TEST_F(PlatformPieces, WithoutPlatformServicesNothingIsSwapped) {
+  ASSERT_EQ(fmx::TPlatformServices::Current(), nullptr);
+  SwapTextService();
+  EXPECT_EQ(fmx::TTextService::NewDefault(false)->ClassType(), fmx::TTextService::Class());
+}
+
+}  // namespace
+}  // namespace orv::testing

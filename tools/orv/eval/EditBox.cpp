@@ -1,0 +1,185 @@
+#include "tools/orv/eval/EditBox.h"
+
+#include <utility>
+#include <vector>
+
+#include "editing/Orv.Platform.h"
+#include "fmx/CanvasManager.h"
+#include "fmx/Style.h"
+#include "fmx/TextLayoutManager.h"
+#include "textlayout/Orv.TextLayout.GPU.h"
+
+namespace orv::eval {
+namespace {
+
+constexpr std::string_view StyleName = "boxwithoutstyle";
+constexpr std::string_view PresentationName = "BoxOfRequests";
+constexpr std::int32_t CanvasSide = 64;  // nothing is drawn
+
+// Writes down what is drawn.
+class TRecordingTextService : public fmx::TTextService {
+ public:
+  static constexpr int SlotCount = fmx::TTextService::SlotCount;
+  static TClass Class() {
+    return CompiledClass<TRecordingTextService, fmx::TTextService, FillNew<TSlots::Create, TRecordingTextService>,
+                         Fill<TSlots::DrawSingleLineText, &TRecordingTextService::Record>>("Eval.Edit",
+                                                                                           "TRecordingTextService");
+  }
+  explicit TRecordingTextService(bool supportsMultiLine, TClass aClass = Class())
+      : TTextService(supportsMultiLine, aClass) {}
+
+  void Record(fmx::TCanvas&, std::u16string_view text, const fmx::TSingleLineDrawing& drawing) {
+    Drawn() = {std::u16string(text), drawing.Flags.Contains(fmx::TFillTextFlag::RightToLeft)};
+  }
+  static TDrawnLine& Drawn() {
+    static TDrawnLine drawn;
+    return drawn;
+  }
+};
+
+class TTextServiceClass : public fmx::ITextServiceClassService {
+ public:
+  TClass GetTextServiceClass() override {
+    static const TClass made = GenerateTextServiceClass(TRecordingTextService::Class());
+    return made;
+  }
+};
+
+class TClipboard : public fmx::IFMXClipboardService {
+ public:
+  std::u16string GetText() override { return FText; }
+  void SetText(std::u16string_view text) override { FText = text; }
+
+ private:
+  std::u16string FText;
+};
+
+// Keeps its content as large as itself.
+class TContentAlone : public fmx::TControl {
+ public:
+  explicit TContentAlone(bool handles) {
+    Add(FContent, "content");
+    if (!handles) return;
+    fmx::TSelectionPoint* point = nullptr;
+    Add(point, "leftselectionpoint");
+    Add(point, "rightselectionpoint");
+  }
+
+ protected:
+  void Resize() override { FContent->SetSize(Size()); }
+
+ private:
+  template <typename T>
+  void Add(T*& part, std::string_view name) {
+    part = &InsertComponent(std::make_unique<T>());
+    part->SetStyleName(name);
+    part->SetParent(this);
+  }
+
+  fmx::TControl* FContent = nullptr;
+};
+
+}  // namespace
+
+// In the place of the platform's, which come back.
+class TEditBox::TServices {
+ public:
+  explicit TServices(std::shared_ptr<fmx::IFMXClipboardService> clipboard) {
+    FOwn = fmx::TPlatformServices::Current() == nullptr;
+    if (FOwn) fmx::TPlatformServices::SetCurrent(std::make_unique<fmx::TPlatformServices>());
+    Put<fmx::IFMXClipboardService>(std::move(clipboard));
+    Put<fmx::ITextServiceClassService>(std::make_shared<TTextServiceClass>());
+  }
+  ~TServices() {
+    if (FOwn) {
+      fmx::TPlatformServices::SetCurrent(nullptr);
+      return;
+    }
+    fmx::TPlatformServices& services = *fmx::TPlatformServices::Current();
+    for (auto& [guid, service] : FFormer) {
+      services.RemovePlatformService(guid);
+      if (service != nullptr) services.AddPlatformService(guid, service);
+    }
+  }
+  TServices(const TServices&) = delete;
+  TServices& operator=(const TServices&) = delete;
+
+ private:
+  template <typename T>
+  void Put(std::shared_ptr<T> service) {
+    fmx::TPlatformServices& services = *fmx::TPlatformServices::Current();
+    FFormer.emplace_back(T::Guid, services.GetPlatformService(T::Guid));
+    services.AddPlatformService(T::Guid, std::move(service));
+  }
+
+  bool FOwn = false;
+  std::vector<std::pair<fmx::TGuid, std::shared_ptr<fmx::IPlatformService>>> FFormer;
+};
+
+// A canvas and a layout for the sizes of texts.
+class TEditBox::TCanvases {
+ public:
+  TCanvases() {
+    fmx::TCanvasManager::UnInitialize();
+    fmx::TTextLayoutManager::UnInitialize();
+    fmx::TCanvasManager::RegisterCanvas(fmx::TRecordingCanvas::Class(), true, false);
+    fmx::TTextLayoutManager::RegisterTextLayout(TTextLayoutNGOrv::Class(), fmx::TRecordingCanvas::Class());
+  }
+  ~TCanvases() {
+    fmx::TCanvasManager::UnInitialize();
+    fmx::TTextLayoutManager::UnInitialize();
+    if (const auto service = fmx::FindService<fmx::ICanvasService>()) service->RegisterCanvasClasses();
+  }
+  TCanvases(const TCanvases&) = delete;
+  TCanvases& operator=(const TCanvases&) = delete;
+};
+
+TEditBox::TEditBox(bool handles)
+    : FCanvases(std::make_unique<TCanvases>()),
+      FClipboard(std::make_shared<TClipboard>()),
+      FCanvas(CanvasSide, CanvasSide) {
+  FServices = std::make_unique<TServices>(FClipboard);
+  fmx::TPresentationProxyFactory::Current().Replace(PresentationName,
+                                                    &fmx::TStyledPresentationProxy<TOrvStyledEdit>::Make);
+  fmx::TStyleManager::Register(StyleName, [handles] { return std::make_unique<TContentAlone>(handles); });
+  FForm.SetCanvas(&FCanvas);
+  FEdit = std::make_unique<fmx::TEdit>();
+  FEdit->SetRoot(&FForm);
+  FEdit->SetStyleLookup(StyleName);
+  FEdit->SetPresentationName(PresentationName);
+  FEdit->Model().TextSettingsInfo().SetStyledSettings({});
+  FEdit->Model().OnTyping = [this] { ++FTypings; };
+  FPresentation = static_cast<TOrvStyledEdit*>(FEdit->Presentation());
+  FEdit->SetFocus();
+}
+
+TEditBox::~TEditBox() {
+  FEdit = nullptr;
+  FForm.SetCanvas(nullptr);
+  fmx::TStyleManager::Register(StyleName, nullptr);
+  fmx::TPresentationProxyFactory::Current().Unregister(PresentationName);
+}
+
+void TEditBox::Key(fmx::TKeyEvent event) {
+  FEdit->KeyDown(event);  // also in a box without the focus
+  FHandled = event.IsHandled();
+}
+
+void TEditBox::Type(std::u16string_view text) {
+  for (const char16_t c : text)
+    if (c >= 32) Key({fmx::Keys::None, c, {}});
+}
+
+void TEditBox::Paint() {
+  FCanvas.BeginScene();
+  FEdit->PaintTo(FCanvas);
+  FCanvas.EndScene();
+  FCanvas.Forget();
+}
+
+TDrawnLine TEditBox::DrawnLine() {
+  FPresentation->GetTextService()->DrawSingleLine(FCanvas, FPresentation->SingleLine());
+  return TRecordingTextService::Drawn();
+}
+
+}  // namespace orv::eval

@@ -7,7 +7,7 @@ target_compile_options(orv_build_flags INTERFACE
   $<$<CXX_COMPILER_ID:Clang>:-fconstexpr-steps=16777216>  # tables of 65536 entries are made at compile time
   # g++ 12 takes joined std::strings for overlapping or endless copies once it optimises them.
   $<$<AND:$<CXX_COMPILER_ID:GNU>,$<CONFIG:Release>>:-Wno-restrict>
-  $<$<AND:$<CXX_COMPILER_ID:GNU>,$<CONFIG:Release>>:-Wno-stringop-overflow>
+  $<$<AND:$<CXX_COMPILER_ID:GNU>,$<CONFIG:Release>>:-Wno-stringop-overflow -Wno-stringop-overread>
   $<$<CXX_COMPILER_ID:GNU>:-fno-semantic-interposition>  # no product replaces single functions of the libraries
   -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
 # A compiler cache may hand the compiler paths relative to the build folder, in which it runs.

@@ -1,6 +1,7 @@
 // The layout pass: what sticks out of the box. Lines and runs that lie wholly outside go; of those on its edge, runs at
 // the sides lose whole atoms, and what is left is marked, for the draw pass to cut.
 #include <algorithm>
+#include <span>
 
 #include "fmx/Log.h"
 #include "textlayout/Orv.TextLayout.GPU.Pass.h"
@@ -45,8 +46,13 @@ void TLayoutPass::Clip() {
 void TLayoutPass::ChainRuns() const {
   for (std::int32_t i = 0; i < FFrame.Count(); ++i) {
     const TGPULine& line = FFrame.Line(i);
-    for (std::int32_t k = 1; k < line.Count(); ++k)
-      line.GetItemByVisualOrder(k).MoveTo(line.GetItemByVisualOrder(k - 1).ImageRect().Right);
+    if (line.Count() < 2) continue;
+    const std::span<const std::int32_t> order = line.VisualOrderList();
+    float left = line.Item(order[0]).ImageRect().Right;
+    for (const std::int32_t item : order.subspan(1)) {
+      line.Item(item).MoveTo(left);
+      left = line.Item(item).ImageRect().Right;
+    }
   }
 }
 

@@ -11,6 +11,13 @@
 namespace orv {
 namespace {
 
+// Whether a unit may be a form of several letters. Without a branch in the loop, for all of a text is looked at.
+bool HasForms(std::u16string_view text) {
+  unsigned found = 0;
+  for (const char16_t unit : text) found |= static_cast<unsigned>(unit - 0xFB2AU <= 0xFEFCU - 0xFB2AU);
+  return found != 0;
+}
+
 // Builds one frame out of the engine's segments.
 class TFrameBuilder {
  public:
@@ -33,6 +40,7 @@ class TFrameBuilder {
     AppendUtf16(FText, Store().Atoms);
     FHasPairs = Store().Atoms.size() != FText.size();
     if (FHasPairs) Store().Atoms.clear();
+    FHasForms = HasForms(FText);
     StartLine(0);
     for (std::size_t i = 0; i < runs.Bidi.size(); ++i) AddSegment(runs, i);
     if (FLine->IsEmpty()) AddEmptyRun(runs.Offsets.empty() ? 0 : runs.Offsets.back());
@@ -91,7 +99,7 @@ class TFrameBuilder {
     if (FHasPairs)
       run.SetText(FText, start, end - start, rightToLeft);
     else
-      run.TakeText(start, end - start, rightToLeft);
+      run.TakeText(start, end - start, rightToLeft, !FHasForms);
     if (TOrvGlobalSettings::ReplaceQuoteWithPrimeInMeasures()) run.ReplaceQuoteMeasuresToPrimes(previous);
     if (rightToLeft)
       run.PrepareComplexArabicCombinations();
@@ -102,7 +110,8 @@ class TFrameBuilder {
   std::u16string_view FText;
   fmx::TAlphaColor FColor;
   bool FRightToLeft;
-  bool FHasPairs = false;
+  bool FHasPairs = false;  // atoms of two units
+  bool FHasForms = false;  // units that are forms of several letters
   std::unique_ptr<TGPUFrame> FFrame;
   TStoredVector<std::int32_t> FList;  // the visual order of a paragraph
   TGPULine* FLine = nullptr;          // the one that runs are added to

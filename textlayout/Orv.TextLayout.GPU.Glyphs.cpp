@@ -70,6 +70,24 @@ fmx::TCharRec* TAtomDic::FindBeyond(UCS4Char atom) const {
   return found == FBeyond.end() ? nullptr : found->second.get();
 }
 
+const TAtomDic::TAdvances TAtomDic::UnknownAdvances = [] {
+  TAdvances advances;
+  advances.fill(std::numeric_limits<float>::quiet_NaN());
+  return advances;
+}();
+
+void TAtomDic::TellMetrics(UCS4Char atom, const fmx::TFontGlyph& glyph) {
+  if (atom >= CodePoints || atom == U'\t') return;
+  auto& own = FOwnAdvances[atom >> 8];
+  if (!own) {
+    own = std::make_unique<TAdvances>(UnknownAdvances);
+    FAdvances[atom >> 8] = own.get();
+  }
+  if (FPlainHeight == 0) FPlainHeight = glyph.VerticalAdvance;
+  const bool isPlain = glyph.VerticalAdvance == FPlainHeight;
+  (*own)[atom & 0xFF] = isPlain ? glyph.Advance : std::numeric_limits<float>::quiet_NaN();
+}
+
 fmx::TCharRec& TAtomDic::Add(UCS4Char atom) {
   auto record = std::make_unique<fmx::TCharRec>();
   fmx::TCharRec& added = *record;
@@ -139,6 +157,7 @@ fmx::TCharRec& TGlyphAtlas::UpdateCharRec(bool needBitmap, fmx::TCharRec* existi
 
   fmx::TCharRec& record = existing != nullptr ? *existing : dic.Add(character);
   record.Glyph = std::move(glyph);
+  dic.TellMetrics(character, record.Glyph);
   record.SetShared(nullptr);
   record.SrcRect = {};
   if (record.Glyph.Style.Contains(fmx::TFontGlyphStyle::NoGlyph) || record.Glyph.Bitmap.IsEmpty()) return record;

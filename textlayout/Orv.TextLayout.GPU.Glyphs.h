@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <unordered_map>
 #include <vector>
@@ -27,13 +28,20 @@ TFontKey FontKeyOf(const fmx::TFont& font, float scale);
 class TAtomDic {
  public:
   // Null where the atom was not met yet. The look-up of a code point is two steps through pages of 256.
-  fmx::TCharRec* Find(UCS4Char atom) const { return atom < CodePoints ? FindInPages(atom) : FindBeyond(atom); }
-  // Code points alone; null for other values.
-  fmx::TCharRec* FindInPages(UCS4Char atom) const {
+  fmx::TCharRec* Find(UCS4Char atom) const {
     const TPage* page = atom < CodePoints ? FPages[atom >> 8].get() : nullptr;
-    return page != nullptr ? (*page)[atom & 0xFF].get() : nullptr;
+    return page != nullptr ? (*page)[atom & 0xFF].get() : FindBeyond(atom);
   }
   fmx::TCharRec& Add(UCS4Char atom);
+
+  // For loops that add up glyphs: the advance of a known glyph that is as high as PlainHeight, in device pixels; NaN
+  // for any other atom, and for the tab. Most glyphs of a font are as high as the first one met.
+  float PlainAdvance(UCS4Char atom) const {
+    return atom < CodePoints ? (*FAdvances[atom >> 8])[atom & 0xFF] : std::numeric_limits<float>::quiet_NaN();
+  }
+  float PlainHeight() const { return FPlainHeight; }
+  // The metrics of the atom's glyph are new.
+  void TellMetrics(UCS4Char atom, const fmx::TFontGlyph& glyph);
 
   // Of the font of its last glyph made, in device pixels.
   float FBaseline = 0;
@@ -53,7 +61,13 @@ class TAtomDic {
   using TPage = std::array<std::unique_ptr<fmx::TCharRec>, 256>;
   fmx::TCharRec* FindBeyond(UCS4Char atom) const;
 
+  using TAdvances = std::array<float, 256>;
+  static const TAdvances UnknownAdvances;
+
   std::vector<std::unique_ptr<TPage>> FPages = std::vector<std::unique_ptr<TPage>>(CodePoints >> 8);
+  std::vector<std::unique_ptr<TAdvances>> FOwnAdvances = std::vector<std::unique_ptr<TAdvances>>(CodePoints >> 8);
+  std::vector<const TAdvances*> FAdvances = std::vector<const TAdvances*>(CodePoints >> 8, &UnknownAdvances);
+  float FPlainHeight = 0;                                                // 0 as long as no glyph is known
   std::unordered_map<UCS4Char, std::unique_ptr<fmx::TCharRec>> FBeyond;  // values that are no code points
 };
 

@@ -125,37 +125,33 @@ void TLayoutPass::MeasureEmptyRun(TGPULine& line, TGPURun& run) const {
 
 // Glyphs as they are added to a run and its line.
 struct TLayoutPass::TPen {
-  float Width;       // of the run
-  float LineWidth;   // of the line
-  float Highest;     // of the run's glyphs
-  float LastHeight;  // of the glyph before, in device pixels; as a rule all of a font have the same
+  float Width;      // of the run
+  float LineWidth;  // of the line
+  float Highest;    // of the run's glyphs
 
-  void Add(float advance, float height, float scale) {
+  void Add(float advance, float height) {
     Width += advance;
     LineWidth += advance;
-    LastHeight = height;
-    Highest = std::max(Highest, height * scale);
+    Highest = std::max(Highest, height);
   }
 };
 
-// Adds glyphs from the atom on as long as they are known, as high as the one before them, and fit. Answers the first
-// one that needs more care.
+// Adds glyphs from the atom on as long as they are plain and fit. Answers the first one that needs more care.
 std::int32_t TLayoutPass::AddPlainGlyphs(const TMeasured& m, std::int32_t atom, float limit, TPen& pen) const {
   const std::span<const UCS4Char> atoms = m.Run.Atoms();
   const TAtomDic& dic = m.Dic;
   const float scale = FScaleFactor;
-  const float height = pen.LastHeight;
   float width = pen.Width;
   float lineWidth = pen.LineWidth;
   auto k = static_cast<std::size_t>(atom);
   for (; k < atoms.size(); ++k) {
-    const fmx::TCharRec* known = dic.FindInPages(atoms[k]);
-    if (known == nullptr || known->Glyph.VerticalAdvance != height || atoms[k] == U'\t') break;
-    const float advance = known->Glyph.Advance * scale;
-    if (lineWidth + advance > limit) break;
+    const float advance = dic.PlainAdvance(atoms[k]) * scale;
+    const float next = lineWidth + advance;
+    if (!(next <= limit)) break;  // also what is not plain
     width += advance;
-    lineWidth += advance;
+    lineWidth = next;
   }
+  if (k > static_cast<std::size_t>(atom)) pen.Highest = std::max(pen.Highest, Scaled(dic.PlainHeight()));
   pen.Width = width;
   pen.LineWidth = lineWidth;
   return static_cast<std::int32_t>(k);
@@ -167,11 +163,13 @@ std::optional<std::int32_t> TLayoutPass::MeasureGlyphs(const TMeasured& m) {
   constexpr float never = std::numeric_limits<float>::infinity();
   const float limit = FTestsOverflow ? FMaxWidth : never;
   const std::int32_t count = m.Run.UCS4Length();
-  TPen pen{m.Run.GetWidth(), m.Line.Width(), m.Run.ImageRect().Height(), -1};
+  TPen pen{m.Run.GetWidth(), m.Line.Width(), m.Run.ImageRect().Height()};
   bool asksFirst = TestsFirstGlyph(m);
+  bool isOpen = asksFirst && m.Dic.PlainAdvance(m.Run.Atom(0)) > 0;  // glyphs are asked from here on
   std::int32_t k = 0;
   for (; k < count; ++k) {
-    if (pen.Width > 0) k = AddPlainGlyphs(m, k, limit, pen);
+    isOpen = isOpen || pen.Width > 0 || limit == never;
+    if (isOpen) k = AddPlainGlyphs(m, k, limit, pen);
     if (k == count) break;
     float advance = 0;
     float height = 0;
@@ -181,10 +179,10 @@ std::optional<std::int32_t> TLayoutPass::MeasureGlyphs(const TMeasured& m) {
     } else {
       const fmx::TFontGlyph& glyph = CharGlyph(m, m.Run.Atom(k)).Glyph;
       advance = Scaled(glyph.Advance);
-      height = glyph.VerticalAdvance;
+      height = Scaled(glyph.VerticalAdvance);
     }
-    if ((asksFirst || pen.Width > 0) && pen.LineWidth + advance > limit) break;
-    pen.Add(advance, height, FScaleFactor);
+    if ((asksFirst || isOpen) && pen.LineWidth + advance > limit) break;
+    pen.Add(advance, height);
     asksFirst = false;
   }
   m.Run.SetExtent(pen.Width, pen.Highest);
@@ -193,9 +191,8 @@ std::optional<std::int32_t> TLayoutPass::MeasureGlyphs(const TMeasured& m) {
   return k < count ? std::optional(k) : std::nullopt;
 }
 
-// Device pixels.
 float TLayoutPass::TabHeight(const TMeasured& m) const {
-  return Corrects(TOrvCorrection::TabHeight) ? CharGlyph(m, U' ').Glyph.VerticalAdvance : 0;
+  return Corrects(TOrvCorrection::TabHeight) ? Scaled(CharGlyph(m, U' ').Glyph.VerticalAdvance) : 0;
 }
 
 // A run that has no width yet is not asked whether it overflows, so that every run keeps a glyph on its line. With

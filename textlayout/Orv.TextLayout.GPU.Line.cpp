@@ -60,6 +60,7 @@ void TGPULine::SettleOrder() const {
   const auto byKey = [this](std::int32_t a, std::int32_t b) {
     return std::pair(ItemAt(a).Key, a) < std::pair(ItemAt(b).Key, b);
   };
+  if (Count() > 1 && byKey(1, 0)) std::reverse(FOrder.begin(), FOrder.end());  // as right-to-left lines stand
   if (!std::is_sorted(FOrder.begin(), FOrder.end(), byKey)) std::sort(FOrder.begin(), FOrder.end(), byKey);
   if (!ReadsPlaces()) FOrder = InverseOf(FOrder);
 }

@@ -88,6 +88,7 @@ std::int32_t TGPURun::UTF16IndexToUCS4Index(std::int32_t index) const {
 
 std::int32_t TGPURun::UnitOf(std::int32_t atom) const {
   if (atom < 0) return atom;
+  if (FIsOneToOne) return std::min(atom, FLength);
   std::int32_t units = atom;
   for (const UCS4Char each : Atoms().first(static_cast<std::size_t>(std::min(atom, FAtomCount))))
     units += FoldedUnits(each);
@@ -141,6 +142,7 @@ TStored<TGPURun> TGPURun::SplitSkipping(TSplitIndex at, std::int32_t skipped) {
   rest->FFirstAtom = FFirstAtom + atoms + skippedAtoms;
   rest->FAtomCount = FAtomCount - atoms - skippedAtoms;
   rest->FRightToLeft = FRightToLeft;
+  rest->FIsOneToOne = FIsOneToOne;
   rest->FColor = FColor;
   rest->FIsDefaultColor = FIsDefaultColor;
   rest->FFont = FFont;
@@ -195,7 +197,9 @@ void TGPURun::PrepareArabicDigits() {
 void TGPURun::PrepareComplexArabicCombinations() {
   if (!FRightToLeft) return;
   const bool isLast = static_cast<std::size_t>(FFirstAtom + FAtomCount) == FStore->Atoms.size();
+  const std::int32_t count = FAtomCount;
   FAtomCount = static_cast<std::int32_t>(TUCS4ListHelper::ShapeInPlace(MutableAtoms()));
+  FIsOneToOne = FIsOneToOne && FAtomCount == count;
   if (isLast) FStore->Atoms.resize(static_cast<std::size_t>(FFirstAtom + FAtomCount));
   PrepareArabicDigits();
 }

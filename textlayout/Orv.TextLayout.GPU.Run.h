@@ -79,11 +79,13 @@ class TGPURun {
 
   // Takes the units from start on, which are held within the text; a surrogate pair makes one atom.
   void SetText(std::u16string_view text, std::int32_t start, std::int32_t length, bool rightToLeft);
-  // The same where the store has the atoms of the whole text already, one for each unit.
-  void TakeText(std::int32_t start, std::int32_t length, bool rightToLeft) {
+  // The same where the store has the atoms of the whole text already, one for each unit. No unit is a form of several
+  // letters by itself where isPlain says so.
+  void TakeText(std::int32_t start, std::int32_t length, bool rightToLeft, bool isPlain) {
     FFirstAtom = FStartIndex = start;
     FAtomCount = FLength = length;
     FRightToLeft = rightToLeft;
+    FIsOneToOne = isPlain;
   }
   void SetStartIndex(std::int32_t start) { FStartIndex = start; }
   void SetLength(std::int32_t length) { FLength = length; }
@@ -213,6 +215,7 @@ class TGPURun {
   bool FTrimmed = false;
   bool FClipped = false;
   bool FRightToLeft = false;
+  bool FIsOneToOne = false;  // it is known that each atom stands for one unit
   mutable bool FHasPlaces = false;
   std::shared_ptr<fmx::TFont> FFont;
   std::vector<TDrawTagRec> FDrawTags;

@@ -15,7 +15,18 @@
 namespace orv {
 namespace {
 
+bool IsPermutationOfFew(std::span<const std::int32_t> list) {
+  std::uint64_t seen = 0;
+  for (const std::int32_t entry : list) {
+    if (entry < 0 || static_cast<std::size_t>(entry) >= list.size()) return false;
+    seen |= std::uint64_t{1} << entry;
+  }
+  return seen == (~std::uint64_t{0} >> (64 - list.size()));
+}
+
 bool IsPermutation(std::span<const std::int32_t> list) {
+  if (list.empty()) return true;
+  if (list.size() <= 64) return IsPermutationOfFew(list);
   std::vector<bool> seen(list.size());
   for (const std::int32_t entry : list) {
     if (entry < 0 || static_cast<std::size_t>(entry) >= list.size() || seen[static_cast<std::size_t>(entry)])
@@ -99,6 +110,7 @@ void TGPULine::SetVisualOrderList(std::span<const std::int32_t> list) {
   const bool isPermutation = IsPermutation(list);
   ORV_ASSERT(isPermutation, "A visual order is a permutation");
   FOrder.assign(list.begin(), list.end());
+  FItems.reserve(FHead + list.size());
   if (!isPermutation) std::iota(FOrder.begin(), FOrder.end(), 0);
   FOrderWaits = false;
 }

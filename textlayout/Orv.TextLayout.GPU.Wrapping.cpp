@@ -9,6 +9,8 @@ namespace orv {
 namespace {
 
 bool IsBlank(UCS4Char atom) {
+  constexpr UCS4Char noBreakSpace = 0xA0, ideographicSpace = 0x3000;  // no blank lies beyond them but U+0020
+  if (atom < noBreakSpace || atom > ideographicSpace) return atom == U' ';
   return rtl::GetUnicodeCategory(atom) == rtl::TUnicodeCategory::Zs;
 }
 

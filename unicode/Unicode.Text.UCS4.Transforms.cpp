@@ -55,9 +55,11 @@ namespace TUCS4ListHelper {
 void ChangeToArabicDigits(std::span<UCS4Char> list) {
   using TDigits = TOrvGlobalSettings::TArabicDigitType;
   const TDigits digits = TOrvGlobalSettings::ArabicDigitType;
-  if (digits == TDigits::Latin || KeepsDigits(list)) return;
+  if (digits == TDigits::Latin) return;
+  std::size_t i = NextDigit(list, 0);
+  if (i == list.size() || KeepsDigits(list)) return;
   const UCS4Char zero = digits == TDigits::ArabicDigitType1 ? 0x660 : 0x6F0;
-  for (std::size_t i = NextDigit(list, 0); i < list.size(); i = NextDigit(list, i)) {
+  for (; i < list.size(); i = NextDigit(list, i)) {
     list[i] = zero + (list[i] - '0');
     if (++i == list.size()) break;
     const UCS4Char mark = DigitMark(list[i], i + 1 < list.size() && IsAsciiDigit(list[i + 1]));

@@ -83,7 +83,7 @@ void TGPULine::UnsettleOrder() {
   if (FOrderWaits) return;
   FOrderWaits = true;
   for (std::int32_t i = 0; i < Count(); ++i) {
-    const std::int32_t entry = VisualEntryAt(i);
+    const std::int32_t entry = std::clamp(VisualEntryAt(i), 0, Count() - 1);
     if (ReadsPlaces())
       ItemAt(entry).Key = i * KeyStep;
     else

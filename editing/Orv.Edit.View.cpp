@@ -193,9 +193,25 @@ void TOrvEditView::ScrollTo(std::int32_t caret) {
     FFirstVisibleChar = 1;
     return;
   }
-  const std::int32_t length = LengthOf(FBox.TextLayout().Text());
-  while (TextWidth(FFirstVisibleChar - 1, caret - FFirstVisibleChar + 1) > room && length > FFirstVisibleChar)
-    ++FFirstVisibleChar;
+  // The first character from here on with which the text up to the caret fits. The more is left out, the less room the
+  // rest takes, so that it is found by steps that double, and then by halving.
+  const std::int32_t last = std::max(LengthOf(FBox.TextLayout().Text()), FFirstVisibleChar);
+  const auto fits = [&](std::int32_t first) {
+    return first >= last || TextWidth(first - 1, caret - first + 1) <= room;
+  };
+  std::int32_t low = FFirstVisibleChar;
+  if (fits(low)) return;
+  std::int32_t step = 1;
+  while (!fits(low + std::min(step, last - low))) {
+    low += std::min(step, last - low);
+    step = std::min(step, last) * 2;
+  }
+  std::int32_t high = low + std::min(step, last - low);
+  while (high - low > 1) {
+    const std::int32_t middle = low + (high - low) / 2;
+    (fits(middle) ? high : low) = middle;
+  }
+  FFirstVisibleChar = high;
 }
 
 }  // namespace orv

@@ -1,4 +1,8 @@
 // Where carets, selections, handles and dots stand; the pointer, the focus and input methods.
+#include <chrono>
+#include <random>
+
+#include "rtl/Unicode.h"
 #include "tests/editing/EditFixture.h"
 
 namespace orv::testing {
@@ -66,6 +70,41 @@ TEST_F(EditPlaces, ALongTextScrollsByTheCharactersThatTheCaretCrosses) {
   EXPECT_EQ(X(8), 50);
   Key(fmx::Keys::Home);
   EXPECT_EQ(Edit().View().FirstVisibleChar(), 1);
+}
+
+// As many characters scroll away as a walk one by one would take off.
+TEST_F(EditPlaces, TheViewMovesNoFurtherThanItMust) {
+  std::mt19937 random(7);
+  constexpr std::u16string_view alphabet = u"abc سلالله 12٢ .(\u064E\u200C\u05D0";
+  int scrolled = 0;
+  for (int round = 0; round < 300; ++round) {
+    std::u16string text;
+    for (auto left = random() % 40; left > 0; --left) text.push_back(alphabet[random() % alphabet.size()]);
+    if (round % 3 == 0) text += u"\U0001F600\U0001F600";
+    Show(u"");
+    Show(text, static_cast<fmx::TTextAlign>(random() % 3), 40 + static_cast<float>(random() % 100));
+    TOrvEditView& view = Edit().View();
+    At(0);
+    std::int32_t first = view.FirstVisibleChar();
+    const auto caret = static_cast<std::int32_t>(random() % (text.size() + 1));
+    if (first >= caret + 1) continue;
+    const auto length = static_cast<std::int32_t>(text.size());
+    const bool allFits = view.PaddedWidth() >= 15 + view.TextWidth(length, 0);
+    while (!allFits && view.TextWidth(first - 1, caret - first + 1) > view.PaddedWidth() && length > first) ++first;
+    if (rtl::IsLowSurrogate(text[static_cast<std::size_t>(first - 1)])) ++first;
+    At(caret);
+    EXPECT_EQ(view.FirstVisibleChar(), first) << round;
+    scrolled += first > 1 ? 1 : 0;
+  }
+  EXPECT_GT(scrolled, 50);
+}
+
+TEST_F(EditPlaces, ALongTextIsScrolledToItsEndAtOnce) {
+  Show(std::u16string(20000, u'a'));
+  const auto start = std::chrono::steady_clock::now();
+  Key(fmx::Keys::End);
+  EXPECT_EQ(Edit().View().FirstVisibleChar(), 20000 - 20 + 1);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20)) << "one by one it would take minutes";
 }
 
 TEST_F(EditPlaces, ASelectionIsOneRectangleStoredFromRightToLeft) {

@@ -71,12 +71,12 @@ TEST_F(Host, FindsTheDocumentsByTheEnvironment) {
   const TKeptVariable documents("XDG_DOCUMENTS_DIR");
   const TKeptVariable home("HOME");
   StartPlatform();
-  home.Set("/home/me/");
+  home.Set("/folk/me/");
   documents.Set("/papers/mine//");
   EXPECT_EQ(fmx::DocumentsFolder(), u"/papers/mine");
   for (const char* none : {"", static_cast<const char*>(nullptr)}) {
     documents.Set(none);
-    EXPECT_EQ(fmx::DocumentsFolder(), u"/home/me/Documents");
+    EXPECT_EQ(fmx::DocumentsFolder(), u"/folk/me/Documents");
   }
   home.Set(nullptr);
   EXPECT_EQ(fmx::DocumentsFolder(), u"");

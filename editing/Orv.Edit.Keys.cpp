@@ -232,20 +232,29 @@ void TOrvStyledEdit::RemoveTyped(std::int32_t position, std::int32_t count) {
   DoTyping();
 }
 
-void TOrvStyledEdit::Backspace(TKeyStroke& stroke) {
-  if (Model().HasSelection()) {
+void TOrvStyledEdit::RemoveSelection(TKeyStroke& stroke, bool cuts) {
+  if (cuts)
+    CutSelectedText();
+  else
     DeleteSelectedText();
-    DoTyping();
-    return stroke.Handle();
-  }
+  DoTyping();
+  stroke.Handle();
+}
+
+// Without a word the stroke has nothing to do. Answers whether there was one.
+bool TOrvStyledEdit::RemoveToWord(TKeyStroke& stroke, std::int32_t caret, std::int32_t word) {
+  stroke.Finished = word < 0;
+  if (!stroke.Finished) RemoveTyped(word, caret - word);
+  return !stroke.Finished;
+}
+
+void TOrvStyledEdit::Backspace(TKeyStroke& stroke) {
+  if (Model().HasSelection()) return RemoveSelection(stroke, false);
   const std::u16string text = GetText();
   if (text.empty()) return;
   const std::int32_t caret = GetCaretPosition();
   if (stroke.Ctrl) {
-    const std::int32_t word = fmx::GetPrevLexemeBegin(text, caret);
-    stroke.Finished = word < 0;
-    if (stroke.Finished) return;
-    RemoveTyped(word, caret - word);
+    if (!RemoveToWord(stroke, caret, fmx::GetPrevLexemeBegin(text, caret))) return;
   } else {
     const bool pair = rtl::IsLowSurrogate(UnitOf(text, caret - 1));
     RemoveTyped(caret - (pair ? 2 : 1), pair ? 2 : 1);
@@ -254,22 +263,12 @@ void TOrvStyledEdit::Backspace(TKeyStroke& stroke) {
 }
 
 void TOrvStyledEdit::Delete(TKeyStroke& stroke) {
-  if (Model().HasSelection()) {
-    if (stroke.Shift == ShiftAlone)
-      CutSelectedText();
-    else
-      DeleteSelectedText();
-    DoTyping();
-    return stroke.Handle();
-  }
+  if (Model().HasSelection()) return RemoveSelection(stroke, stroke.Shift == ShiftAlone);
   const std::u16string text = GetText();
   if (text.empty()) return;
   const std::int32_t caret = GetCaretPosition();
   if (stroke.Ctrl) {
-    const std::int32_t word = fmx::GetNextLexemeBegin(text, caret);
-    stroke.Finished = word < 0;
-    if (stroke.Finished) return;
-    RemoveTyped(word, caret - word);
+    if (!RemoveToWord(stroke, caret, fmx::GetNextLexemeBegin(text, caret))) return;
   } else {
     const bool pair = LengthOf(text) > 1 && rtl::IsHighSurrogate(UnitOf(text, caret));
     RemoveTyped(caret, pair ? 2 : 1);

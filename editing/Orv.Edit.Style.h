@@ -193,6 +193,8 @@ class TOrvStyledEdit : public fmx::TStyledPresentation,
   void DeleteSelectedText();
   void CutSelectedText();
   void RemoveTyped(std::int32_t position, std::int32_t count);
+  void RemoveSelection(TKeyStroke& stroke, bool cuts);
+  bool RemoveToWord(TKeyStroke& stroke, std::int32_t caret, std::int32_t word);
   void SelectByKey(bool shift, std::int32_t old);
   void TypeCharacter(char16_t c);
 

@@ -53,10 +53,25 @@ enum class TOrvCorrection : std::uint8_t {
   TabTags,         // the width of a tab moves with it
   TabMeasure,      // measuring leaves tabs alone
   TabHeight,       // a tab is as high as a blank
+
+  PixelScroll,          // a box scrolls by pixels, and its whole text stands in it
+  CaretSide,            // the caret stands behind the character before it
+  Direction,            // a box's direction follows its alignment, and never sticks
+  NeutralDirection,     // a text without letters has the box's direction
+  SelectionRegions,     // a selection is filled where its characters are drawn
+  Words,                // a mark or joiner belongs to the word before it
+  InsertRoom,           // what is inserted is cut to the room that is left
+  FreshCaret,           // the caret follows what the application changes
+  LongPress,            // a long press drops the selection
+  Handles,              // a selection's handles do not cross
+  PasswordKeys,         // a password box cuts nothing and exchanges no keys
+  Composition,          // a composition takes the selection's place
+  LineBreaks,           // a line end becomes a blank in a single-line box
+  AutoDirectionAlways,  // automatic direction looks at every text
 };
 using TOrvCorrections = rtl::TSet<TOrvCorrection, std::uint64_t>;
 inline constexpr TOrvCorrections AllCorrections =
-    TOrvCorrections::Range(TOrvCorrection::OwnDirection, TOrvCorrection::TabHeight);
+    TOrvCorrections::Range(TOrvCorrection::OwnDirection, TOrvCorrection::AutoDirectionAlways);
 
 // How an editor picks its direction.
 enum class TOrvDirectionSelection : std::uint8_t { Default, ByFormBidiMode, ByTextDiretion, ByTextAlignment };

@@ -4,8 +4,6 @@
 // Each round is a text, a box and attributes of its own. ORV_LAYOUT_ROUNDS asks for another number of rounds.
 #include <cmath>
 #include <cstdlib>
-#include <iterator>
-#include <random>
 #include <string>
 
 #include "fmx/RecordingCanvas.h"
@@ -34,9 +32,7 @@ class CorrectedLaws : public TFixedTest {
  protected:
   CorrectedLaws() { TOrvGlobalSettings::Corrections = AllCorrections; }
 
-  std::int32_t Random(std::int32_t below) {
-    return static_cast<std::int32_t>(FRandom() % static_cast<std::uint32_t>(below));
-  }
+  std::int32_t Random(std::int32_t below) { return FChance.Below(below); }
 
   // Without the presentation forms that count otherwise than the letters they stand for.
   std::u16string RandomText(std::int32_t longest) {
@@ -61,10 +57,7 @@ class CorrectedLaws : public TFixedTest {
                                          u"\t",
                                          u"\u05E9\u05DC\u05D5\u05DD",
                                          u"\u05D0\u05B7\u05D1"};
-    std::u16string text;
-    for (std::int32_t i = Random(longest); i > 0; --i)
-      text += all[static_cast<std::size_t>(Random(static_cast<std::int32_t>(std::size(all))))];
-    return text;
+    return FChance.Text(all, longest);
   }
 
   std::unique_ptr<TTextLayoutNGOrv> RandomLayout(const std::u16string& text) {
@@ -86,7 +79,7 @@ class CorrectedLaws : public TFixedTest {
   }
 
  private:
-  std::mt19937 FRandom{20260801};
+  TChance FChance{20260801};
 };
 
 // A drawn letter: its run, the units it stands for, and its box, with the layout's corner.

@@ -1,7 +1,5 @@
 // What holds for layouts of random texts.
 #include <cmath>
-#include <iterator>
-#include <random>
 
 #include "fmx/RecordingCanvas.h"
 #include "rtl/Unicode.h"
@@ -17,9 +15,7 @@ class Laws : public TFixedTest {
   // By the plain rules a line end may take with it what follows.
   Laws() { TOrvGlobalSettings::Corrections = {TOrvCorrection::LineEnds}; }
 
-  std::int32_t Random(std::int32_t below) {
-    return static_cast<std::int32_t>(FRandom() % static_cast<std::uint32_t>(below));
-  }
+  std::int32_t Random(std::int32_t below) { return FChance.Below(below); }
 
   std::u16string RandomText(std::int32_t longest) {
     static const std::u16string all[] = {u"abc",
@@ -43,14 +39,11 @@ class Laws : public TFixedTest {
                                          u"\t",
                                          u"\uFDF2",
                                          u"\u05D0\u05B7\u05BC\u05D1"};
-    const auto count = static_cast<std::int32_t>(std::size(all));
-    std::u16string text;
-    for (std::int32_t i = Random(longest); i > 0; --i) text += all[Random(count)];
-    return text;
+    return FChance.Text(all, longest);
   }
 
  private:
-  std::mt19937 FRandom{20240607};
+  TChance FChance{20240607};
 };
 
 bool IsSkipped(char16_t unit) {

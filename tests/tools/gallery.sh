@@ -22,29 +22,8 @@ run --switches
 expect_done
 switches=$(cat "$out")
 
-doing='the X server'
-mkdir "$scratch/screen"
-Xvfb -displayfd 3 -noreset -nolisten tcp -screen 0 1300x1000x24 -fbdir "$scratch/screen" 3>"$scratch/display" \
-  2>"$scratch/xvfb.log" &
-server=$!
-viewer=
-trap 'kill -KILL $viewer 2>/dev/null; kill $server 2>/dev/null; wait; rm -rf "$scratch"' EXIT
-
-# wait_for SECONDS COMMAND...: until the command holds.
-wait_for() {
-  local end=$((SECONDS + $1))
-  shift
-  until "$@"; do
-    [ "$SECONDS" -lt "$end" ] || return 1
-    sleep 0.05
-  done
-}
-wait_for 60 test -s "$scratch/display" || {
-  fail "it does not start: $(cat "$scratch/xvfb.log")"
-  finish
-}
-DISPLAY=:$(cat "$scratch/display")
-export DISPLAY
+. "$(dirname "$0")/xserver.sh"
+start_server 1300x1000x24
 
 # The page alone, without the switches; and all of it.
 page() {

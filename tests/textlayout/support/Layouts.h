@@ -6,6 +6,8 @@
 
 #include <functional>
 #include <memory>
+#include <random>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -49,6 +51,26 @@ inline std::unique_ptr<TTextLayoutNGOrv> Laid(std::u16string_view text, float wi
   layout->EndUpdate();
   return layout;
 }
+
+// Numbers and texts by chance, the same in every run of the program.
+class TChance {
+ public:
+  explicit TChance(std::uint32_t seed) : FRandom(seed) {}
+
+  std::int32_t Below(std::int32_t limit) {
+    return static_cast<std::int32_t>(FRandom() % static_cast<std::uint32_t>(limit));
+  }
+  // Fewer than that many of the pieces, one behind the other.
+  std::u16string Text(std::span<const std::u16string> pieces, std::int32_t limit) {
+    std::u16string text;
+    for (std::int32_t i = Below(limit); i > 0; --i)
+      text += pieces[static_cast<std::size_t>(Below(static_cast<std::int32_t>(pieces.size())))];
+    return text;
+  }
+
+ private:
+  std::mt19937 FRandom;
+};
 
 inline void Wrapped(TTextLayoutNGOrv& layout) {
   layout.SetWordWrap(true);

@@ -3,10 +3,17 @@
 #include <algorithm>
 #include <utility>
 
+#include "fmx/Exceptions.h"
 #include "fmx/Services.h"
 #include "fmx/TextWords.h"
 
 namespace fmx {
+
+TCustomEdit& AsCustomEdit(TPresentedControl& control) {
+  auto* const edit = dynamic_cast<TCustomEdit*>(&control);
+  if (edit == nullptr) throw EInvalidOperation("The control is no edit");
+  return *edit;
+}
 
 TCustomEdit::TCustomEdit() : FButtonsContent(&InsertComponent(std::make_unique<TControl>())) {
   FButtonsContent->SetParent(this);

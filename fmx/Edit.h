@@ -67,6 +67,10 @@ class TCustomEdit : public TPresentedControl {
   TControl* FButtonsContent;
 };
 
+// Raises EInvalidOperation for a control that is no edit.
+TCustomEdit& AsCustomEdit(TPresentedControl& control);
+
+// Has a presentation from the start: text that reads from left to right (fmx/StyledEdit.h).
 class TEdit final : public TCustomEdit {
  public:
   ~TEdit() override { FreePresentation(); }

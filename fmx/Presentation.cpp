@@ -3,11 +3,16 @@
 #include <utility>
 
 #include "fmx/Exceptions.h"
+#include "fmx/StyledEdit.h"
 
 namespace fmx {
 
 TPresentationProxyFactory& TPresentationProxyFactory::Current() {
-  static TPresentationProxyFactory factory;
+  static TPresentationProxyFactory factory = [] {
+    TPresentationProxyFactory made;
+    made.Replace("TEdit", TControlType::Styled, &TStyledPresentationProxy<TStyledEdit>::Make);
+    return made;
+  }();
   return factory;
 }
 

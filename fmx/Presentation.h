@@ -34,7 +34,7 @@ class TPresentationProxyFactory {
   // Makes the presentation of a control, which it borrows.
   using TProxyClass = std::function<std::unique_ptr<TPresentationProxy>(TControl& control)>;
 
-  // The factory of the process.
+  // The factory of the process. It knows the framework's own presentations from the start.
   static TPresentationProxyFactory& Current();
 
   // The name under which controls of a class look for theirs: the class name without its T and with "-style" or

@@ -19,12 +19,7 @@ class TTextServiceOrvFake : public fmx::TTextService {
   static void DrawSingleLine(fmx::TTextService& self, fmx::TCanvas& canvas, const fmx::TSingleLineDrawing& drawing);
 };
 
-// Makes a class out of the host's text service, of its name with "Orv" behind it, that draws single lines in the
-// system's way. Raises EAssertionFailed for a class that is no text service. Main thread.
-TClass GenerateTextServiceClass(TClass hostClass);
-
-// From now on edit controls make text services of such a class: out of the one that the platform names, or of the
-// framework's own. Nothing without platform services, and nothing where it is so already. Main thread.
-void SwapTextService();
+// The class of the replacement, and the method of it that goes into the host's.
+TClass GetPlatformFakeTextServiceClass(TMethodAddress& method);
 
 }  // namespace orv

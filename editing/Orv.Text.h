@@ -39,4 +39,15 @@ class TTextServiceHelper {
                              const fmx::TRectF& rect);
 };
 
+// --- The swap ---
+
+// Makes a class out of the host's text service, of its name with "Orv" behind it, that draws single lines in the
+// system's way and is the host's in all else. Raises EAssertionFailed for a class that is no text service. Main thread.
+TClass GenerateTextServiceClass(TClass hostClass);
+
+// From now on edit controls make text services of such a class: out of the one that the platform names, or of the
+// framework's own. Services made before stay as they are. Nothing without platform services, and nothing where it is
+// so already. Main thread.
+void SwapTextService();
+
 }  // namespace orv

@@ -5,7 +5,7 @@
 
 #include "calendar/StartUp.h"
 #include "editing/Orv.Edit.Style.h"
-#include "editing/Orv.Platform.h"
+#include "editing/Orv.Text.h"
 #include "runtime/Orv.Controls.h"
 #include "runtime/VirtualClassGenerator.h"
 #include "textlayout/Orv.FontGlyphs.h"
@@ -45,8 +45,8 @@ constexpr TUnit Table[] = {
     {"Unicode.Engine.Types", StartEngine},
     {"OrvSystem.GlobalSettings", StartSettings},
     {"VirtualClass", StartClassList, TVirtualClassGenerator::DestroyClassList},
-    {"Orv.Platform.Win", SwapTextService},
-    {"Orv.Text"},
+    {"Orv.Platform.Win"},
+    {"Orv.Text", SwapTextService},
     {"Orv.TextLayout.Internal.Win", StartInternalLayout},
     {"Orv.SearchBox.Style"},
     {"Orv.Edit.Style", RegisterEditStyle},

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "editing/Orv.Text.h"
 #include "fmx/RecordingCanvas.h"
 #include "fmx/Services.h"
 #include "rtl/Assertions.h"
@@ -47,6 +48,22 @@ TEST_F(PlatformPieces, AScrolledLineLosesTheFarEndOfATextAgainstItsView) {
   drawing.FirstVisibleChar = 5;
   service->DrawSingleLine(canvas, drawing);
   EXPECT_EQ(TTelling::Told, u" سل") << "the end of the run scrolled away, to which the blank belongs";
+}
+
+TEST_F(PlatformPieces, TheReplacementIsAMethodOfTheTwentyFirstSlot) {
+  TMethodAddress method = nullptr;
+  const TClass fake = GetPlatformFakeTextServiceClass(method);
+  EXPECT_EQ(ClassName(fake), "TTextServiceOrvFake");
+  EXPECT_EQ(TVmt::GetVMT(fake)->GetMethodIndex(method), 20);
+  EXPECT_EQ(fmx::TTextService::TSlots::DrawSingleLine::Number, 20);
+}
+
+TEST_F(PlatformPieces, AllElseOfTheHostsServiceStaysTheHosts) {
+  const TClass host = TTelling::Class();
+  const TClass made = GenerateTextServiceClass(host);
+  ASSERT_EQ(TVmt::GetUserMethodCount(made), TVmt::GetUserMethodCount(host));
+  for (std::int32_t i = 0; i < TVmt::GetUserMethodCount(host); ++i)
+    EXPECT_EQ(made[i].Method == host[i].Method, i != 20) << i;
 }
 
 TEST_F(PlatformPieces, OnlyATextServiceCanBeSwapped) {

@@ -3,7 +3,7 @@
 #include <utility>
 #include <vector>
 
-#include "editing/Orv.Platform.h"
+#include "editing/Orv.Text.h"
 #include "fmx/CanvasManager.h"
 #include "fmx/Style.h"
 #include "fmx/TextLayoutManager.h"

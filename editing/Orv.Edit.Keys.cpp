@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "editing/Orv.Edit.Corrections.h"
 #include "editing/Orv.Edit.Style.h"
 #include "fmx/CanvasManager.h"
 #include "fmx/TextWords.h"
@@ -21,10 +22,6 @@ std::int32_t LengthOf(std::u16string_view text) {
   return static_cast<std::int32_t>(text.size());
 }
 
-char16_t UnitOf(std::u16string_view text, std::int32_t index) {
-  return index >= 0 && index < LengthOf(text) ? text[static_cast<std::size_t>(index)] : u'\0';
-}
-
 constexpr bool MovesCaret(Keys::TCode key) {
   return key == Keys::End || key == Keys::Home || key == Keys::Left || key == Keys::Right;
 }
@@ -32,6 +29,30 @@ constexpr bool MovesCaret(Keys::TCode key) {
 // Characters that change the text: Backspace, paste and cut as characters, and what is typed.
 constexpr bool ChangesText(char16_t c) {
   return c == 8 || c == 22 || c == 24 || c >= 32;
+}
+
+// Keys that move in the text or change it; the others leave a composition alone.
+constexpr bool ActsOnText(const fmx::TKeyEvent& event) {
+  switch (event.Key) {
+    case Keys::None:
+      return event.KeyChar >= 32;
+    case Keys::Insert:
+    case Keys::Home:
+    case Keys::End:
+    case Keys::Left:
+    case Keys::Right:
+    case Keys::Backspace:
+    case Keys::Delete:
+    case Keys::Return:
+      return true;
+    case 'A':
+    case 'V':
+    case 'X':
+    case 'Z':
+      return event.Shift.Contains(TShiftItem::Ctrl) || event.Shift.Contains(TShiftItem::Command);
+    default:
+      return false;
+  }
 }
 
 }  // namespace
@@ -47,11 +68,14 @@ struct TOrvStyledEdit::TKeyStroke {
 };
 
 void TOrvStyledEdit::KeyDown(fmx::TKeyEvent& event) {
+  const std::u16string waiting = FCharsBuffer;
+  DropWaitingHalf();
   if (!Model().InputSupport()) return;
   if (!AskEditLink(event)) return event.SetHandled();
   FEdit.Observers().ControlValueModified();
   if (event.KeyChar == 0 && event.Shift == DirectionKeys) return ToggleBidiMode();
-  if (IsRightToLeft()) {
+  if (ActsOnText(event)) LeaveComposition();
+  if (IsRightToLeft() && !KeepsPassword()) {
     if (event.Key == Keys::Left)
       event.Key = Keys::Right;
     else if (event.Key == Keys::Right)
@@ -73,6 +97,7 @@ void TOrvStyledEdit::KeyDown(fmx::TKeyEvent& event) {
       stroke.Handle();
     }
     if (event.KeyChar >= 32 && !Model().ReadOnly()) {
+      if (rtl::IsLowSurrogate(event.KeyChar)) FCharsBuffer = waiting;
       TypeCharacter(event.KeyChar);
       stroke.Handle();
     }
@@ -150,8 +175,10 @@ void TOrvStyledEdit::ActOnKey(TKeyStroke& stroke) {
       return stroke.Handle();
     case 'X':
       if (!stroke.Ctrl || !editable) return;
-      CutSelectedText();
-      DoTyping();
+      if (!KeepsPassword()) {
+        CutSelectedText();
+        DoTyping();
+      }
       return stroke.Handle();
     case 'Z':
       if (!stroke.Ctrl) return;
@@ -169,10 +196,10 @@ void TOrvStyledEdit::MoveLeft(TKeyStroke& stroke) {
   const std::u16string text = GetText();
   const std::int32_t caret = GetCaretPosition();
   if (stroke.Ctrl) {
-    SetCaretPosition(fmx::GetPrevLexemeBegin(text, caret));
+    SetCaretPosition(fmx::GetPrevLexemeBegin(text, caret, Model().WordRule()));
     stroke.Handle();
   } else if (caret > 0 && !text.empty()) {
-    SetCaretPosition(caret - (rtl::IsLowSurrogate(UnitOf(text, caret - 1)) ? 2 : 1));
+    SetCaretPosition(caret - (IsBehindPair(text, caret) ? 2 : 1));
     stroke.Handle();
   }
 }
@@ -181,10 +208,10 @@ void TOrvStyledEdit::MoveRight(TKeyStroke& stroke) {
   const std::u16string text = GetText();
   const std::int32_t caret = GetCaretPosition();
   if (stroke.Ctrl) {
-    SetCaretPosition(fmx::GetNextLexemeBegin(text, caret));
+    SetCaretPosition(fmx::GetNextLexemeBegin(text, caret, Model().WordRule()));
     stroke.Handle();
   } else if (caret < LengthOf(text)) {
-    SetCaretPosition(caret + (rtl::IsHighSurrogate(UnitOf(text, caret)) ? 2 : 1));
+    SetCaretPosition(caret + (IsBeforePair(text, caret) ? 2 : 1));
     stroke.Handle();
   }
 }
@@ -211,8 +238,9 @@ void TOrvStyledEdit::DeleteSelectedText() {
   if (!IsEditable() || !Model().HasSelection()) return;
   std::u16string text = FEdit.Text();
   text.erase(static_cast<std::size_t>(FEdit.GetSelStart()), static_cast<std::size_t>(FEdit.GetSelLength()));
+  const std::int32_t start = std::min(Model().SelStart(), Model().SelEnd());
   SetTextInternal(text);
-  FEdit.ResetSelection();
+  SelectNothingAt(start);
   FEdit.Observers().ControlValueModified();
 }
 
@@ -233,6 +261,7 @@ void TOrvStyledEdit::RemoveTyped(std::int32_t position, std::int32_t count) {
 }
 
 void TOrvStyledEdit::RemoveSelection(TKeyStroke& stroke, bool cuts) {
+  if (cuts && KeepsPassword()) return stroke.Handle();
   if (cuts)
     CutSelectedText();
   else
@@ -254,9 +283,9 @@ void TOrvStyledEdit::Backspace(TKeyStroke& stroke) {
   if (text.empty()) return;
   const std::int32_t caret = GetCaretPosition();
   if (stroke.Ctrl) {
-    if (!RemoveToWord(stroke, caret, fmx::GetPrevLexemeBegin(text, caret))) return;
+    if (!RemoveToWord(stroke, caret, fmx::GetPrevLexemeBegin(text, caret, Model().WordRule()))) return;
   } else {
-    const bool pair = rtl::IsLowSurrogate(UnitOf(text, caret - 1));
+    const bool pair = IsBehindPair(text, caret);
     RemoveTyped(caret - (pair ? 2 : 1), pair ? 2 : 1);
   }
   stroke.Handle();
@@ -268,9 +297,9 @@ void TOrvStyledEdit::Delete(TKeyStroke& stroke) {
   if (text.empty()) return;
   const std::int32_t caret = GetCaretPosition();
   if (stroke.Ctrl) {
-    if (!RemoveToWord(stroke, caret, fmx::GetNextLexemeBegin(text, caret))) return;
+    if (!RemoveToWord(stroke, caret, fmx::GetNextLexemeBegin(text, caret, Model().WordRule()))) return;
   } else {
-    const bool pair = LengthOf(text) > 1 && rtl::IsHighSurrogate(UnitOf(text, caret));
+    const bool pair = LengthOf(text) > 1 && IsBeforePair(text, caret);
     RemoveTyped(caret, pair ? 2 : 1);
   }
   stroke.Handle();
@@ -293,11 +322,13 @@ void TOrvStyledEdit::Return() {
 void TOrvStyledEdit::TypeCharacter(char16_t c) {
   FCharsBuffer.push_back(c);
   if (rtl::IsHighSurrogate(c)) return;
+  const std::u16string typed = std::exchange(FCharsBuffer, {});
+  if (Corrects(TOrvCorrection::InsertRoom) && fmx::WithoutHalves(typed).empty()) return;
   {
     const fmx::TModelUpdate update(Model());
     Model().SetTyping(true);
   }
-  InsertText(std::exchange(FCharsBuffer, {}));
+  InsertText(typed);
   DoTyping();
 }
 

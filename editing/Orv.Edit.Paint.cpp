@@ -108,6 +108,7 @@ void TOrvStyledEdit::DoRealign() {
 
 void TOrvStyledEdit::Resize() {
   TStyledPresentation::Resize();
+  DropWaitingHalf();
   UpdateSpelling();
 }
 

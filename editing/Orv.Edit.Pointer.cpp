@@ -3,7 +3,9 @@
 #include <cmath>
 #include <utility>
 
+#include "editing/Orv.Edit.Corrections.h"
 #include "editing/Orv.Edit.Style.h"
+#include "fmx/EditText.h"
 
 namespace orv {
 namespace {
@@ -23,10 +25,11 @@ std::int32_t LengthOf(std::u16string_view text) {
 
 void TOrvStyledEdit::MouseDown(const fmx::TMouseEvent& event) {
   TStyledPresentation::MouseDown(event);
+  DropWaitingHalf();
   if (event.Button != fmx::TMouseButton::Left || !Model().InputSupport()) return UpdateCaretPosition();
+  const std::int32_t position = PressedPosition(event.Point.X);
   {
     const fmx::TModelUpdate update(Model());
-    const std::int32_t position = FView.GetCaretPosition(event.Point.X);
     // The other end of a selection stays where it is.
     const std::int32_t anchor = Model().HasSelection() ? Model().SelEnd() : GetOriginCaretPosition();
     Model().SetSelLength(event.Shift.Contains(fmx::TShiftItem::Shift) ? fmx::SaturatedDifference(anchor, position) : 0);
@@ -43,11 +46,17 @@ void TOrvStyledEdit::MouseDown(const fmx::TMouseEvent& event) {
 
 // One further than the press where the pointer is past the right edge, so that the text goes on scrolling.
 std::int32_t TOrvStyledEdit::DragPosition(float x) {
-  return FView.GetCaretPosition(x) + (x > ContentRect().Right ? 1 : 0);
+  const std::int32_t position = HitPosition(x);
+  if (!(x > ContentRect().Right)) return position;
+  return Corrects(TOrvCorrection::InsertRoom) ? fmx::CharacterBehind(GetText(), position)
+                                              : fmx::SaturatedSum(position, 1);
 }
 
 void TOrvStyledEdit::MouseMove(const fmx::TMouseEvent& event) {
   TStyledPresentation::MouseMove(event);
+  if (FSelectionMode == TSelectionMode::None) return;
+  DropWaitingHalf();
+  LeaveComposition();
   if (FSelectionMode == TSelectionMode::PlacingCaret) {
     if (FLoupeService != nullptr) {
       FLoupeService->SetMode(fmx::TLoupeMode::Caret);
@@ -91,10 +100,12 @@ void TOrvStyledEdit::SetSelectionMode(TSelectionMode mode) {
 }
 
 void TOrvStyledEdit::CMGesture(const fmx::TGestureEvent& event) {
+  DropWaitingHalf();
   if (event.Id == fmx::LongTapGesture) {
     LongTap(AbsoluteToLocal(event.Location));
     if (event.Flags.Contains(fmx::TGestureFlag::End)) HideLoupe();
   } else if (event.Id == fmx::DoubleTapGesture) {
+    LeaveComposition();
     FEdit.SelectWord();
   } else {
     TStyledPresentation::CMGesture(event);
@@ -103,6 +114,7 @@ void TOrvStyledEdit::CMGesture(const fmx::TGestureEvent& event) {
 
 void TOrvStyledEdit::LongTap(fmx::TPointF point) {
   if (FSelectionMode == TSelectionMode::Selecting) return;
+  DropSelectionForLongPress();
   SetSelectionMode(TSelectionMode::PlacingCaret);
   if (FLoupeService == nullptr) return;
   FLoupeService->SetMode(fmx::TLoupeMode::Caret);
@@ -114,6 +126,7 @@ void TOrvStyledEdit::LongTap(fmx::TPointF point) {
 
 void TOrvStyledEdit::DoEnter() {
   TStyledPresentation::DoEnter();
+  DropWaitingHalf();
   Model().Caret().SetVisible(true);
   const fmx::IRoot* const root = Root();
   const bool settled = root == nullptr || fmx::IsSettled(root->GetFormState());
@@ -166,6 +179,7 @@ fmx::TSizeF TOrvStyledEdit::GetSelectionPointSize() {
 void TOrvStyledEdit::UpdateSelectionPointPositions() {
   Model().Caret().SetTemporarilyHidden(Model().HasSelection() && IsFocused());
   if (FLeftSelPt == nullptr || FRightSelPt == nullptr) return;
+  if (Corrects(TOrvCorrection::Handles)) return PlaceHandles();
   const std::int32_t start = Model().SelStart();
   const std::int32_t length = Model().SelLength();
   FLeftSelPt->SetVisible(length >= 1 && IsFocused() && start >= FView.FirstVisibleChar() - 1);
@@ -175,10 +189,14 @@ void TOrvStyledEdit::UpdateSelectionPointPositions() {
   const float reach = 2 * FLeftSelPt->GripSize();
   FLeftSelPt->SetPosition({swapped ? rect.Right : rect.Left, rect.Bottom - reach});
   FRightSelPt->SetPosition({swapped ? rect.Left : rect.Right, rect.Bottom + reach});
-  if (swapped == FHandlersCrossed) return;
-  FHandlersCrossed = swapped;
-  BindSelectionPoint(*FLeftSelPt, swapped ? TSelectionPointType::Right : TSelectionPointType::Left);
-  BindSelectionPoint(*FRightSelPt, swapped ? TSelectionPointType::Left : TSelectionPointType::Right);
+  CrossHandles(swapped);
+}
+
+void TOrvStyledEdit::CrossHandles(bool crossed) {
+  if (crossed == FHandlersCrossed) return;
+  FHandlersCrossed = crossed;
+  BindSelectionPoint(*FLeftSelPt, crossed ? TSelectionPointType::Right : TSelectionPointType::Left);
+  BindSelectionPoint(*FRightSelPt, crossed ? TSelectionPointType::Left : TSelectionPointType::Right);
 }
 
 void TOrvStyledEdit::BindSelectionPoint(fmx::TSelectionPoint& point, TSelectionPointType type) {
@@ -191,9 +209,16 @@ void TOrvStyledEdit::BindSelectionPoint(fmx::TSelectionPoint& point, TSelectionP
 
 void TOrvStyledEdit::DoSelPtChangePosition(float& x, float& y, TSelectionPointType type) {
   if (FLeftSelPt == nullptr || FRightSelPt == nullptr) return;
+  DropWaitingHalf();
+  LeaveComposition();
+  if (Corrects(TOrvCorrection::Handles)) return DragEnd(x, y, type);
+  DragEdge(x, y, type);
+}
+
+void TOrvStyledEdit::DragEdge(float& x, float& y, TSelectionPointType type) {
   const std::int32_t start = Model().SelStart();
   const std::int32_t end = Model().SelEnd();
-  const std::int32_t position = FView.GetCaretPosition(x);
+  const std::int32_t position = HitPosition(x);
   {
     const fmx::TModelUpdate update(Model());
     if (type == TSelectionPointType::Left) {
@@ -217,6 +242,7 @@ void TOrvStyledEdit::DoSelPtChangePosition(float& x, float& y, TSelectionPointTy
 }
 
 void TOrvStyledEdit::DoSelPtMouseDown(TSelectionPointType type) {
+  DropWaitingHalf();
   BeginSelection();
   SetLoupePosition(type);
   ShowLoupe();
@@ -227,7 +253,11 @@ void TOrvStyledEdit::DoSelPtMouseDown(TSelectionPointType type) {
 void TOrvStyledEdit::SetLoupePosition(TSelectionPointType type) {
   if (FLoupeService == nullptr) return;
   const fmx::TRectF rect = GetSelRect();
-  const float x = type == TSelectionPointType::Left ? rect.Left : rect.Right;
+  const bool isLeft = type == TSelectionPointType::Left;
+  const fmx::TSelectionPoint* const handle = isLeft ? FLeftSelPt : FRightSelPt;
+  const bool asHandle = handle != nullptr && Corrects(TOrvCorrection::Handles);
+  const float edge = isLeft ? rect.Left : rect.Right;
+  const float x = asHandle ? handle->Position().X : edge;
   const fmx::TSizeF size = FLoupeService->GetSize();
   FLoupeService->SetMagnifiedPoint(LocalToAbsolute({x, (rect.Top + rect.Bottom) / 2}));
   FLoupeService->SetPosition(LocalToAbsolute({x - size.Width / 2, rect.Top - size.Height - LoupeDistance}));
@@ -254,6 +284,8 @@ void TOrvStyledEdit::HideLoupe() {
 // --- Input methods ---
 
 void TOrvStyledEdit::StartIMEInput() {
+  DropWaitingHalf();
+  MakeRoomForComposition();
   FTextService->SetCaretPosition({GetOriginCaretPosition(), 0});
 }
 
@@ -263,10 +295,13 @@ void TOrvStyledEdit::EndIMEInput() {
 }
 
 void TOrvStyledEdit::IMEStateUpdated() {
+  DropWaitingHalf();
+  if (RefusesComposition()) return;
+  if (FTextService->HasMarkedText()) MakeRoomForComposition();
   const std::u16string text = GetText();
   FTextLayout->SetText(text);
   SetCaretPosition(GetOriginCaretPosition());
-  Model().SetTextWithoutValidation(text);
+  StoreText(text, TStoring::AsItComes);
   ShowPrompt();
   const fmx::TObservers& observers = FEdit.Observers();
   bool edits = true;
@@ -280,11 +315,14 @@ void TOrvStyledEdit::IMEStateUpdated() {
 }
 
 fmx::TPointF TOrvStyledEdit::GetTargetClausePointF() {
+  const float below = ContentRect().Height() / 2 + ResultingSettings().Font().Size() / 2 + 2;
+  if (Corrects(TOrvCorrection::Composition)) {
+    const fmx::TPointF corner = FContent != nullptr ? FContent->Position() : fmx::TPointF{};
+    return LocalToAbsolute(corner + fmx::TPointF{CaretPlace(), below});
+  }
   const std::int32_t before = std::clamp(GetCaretPosition(), 0, LengthOf(GetText()));
   const std::int32_t shown = std::max(before - std::max(FView.FirstVisibleChar() - 1, 0), 0);
-  const fmx::TRectF content = ContentRect();
-  const fmx::TPointF point{FView.TextWidth(0, shown), content.Height() / 2 + ResultingSettings().Font().Size() / 2 + 2};
-  return LocalToAbsolute(point + content.TopLeft());
+  return LocalToAbsolute(ContentRect().TopLeft() + fmx::TPointF{FView.TextWidth(0, shown), below});
 }
 
 }  // namespace orv

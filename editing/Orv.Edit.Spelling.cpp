@@ -71,8 +71,9 @@ void TOrvStyledEdit::FindMisspeltWords() {
   std::u16string_view rest = text;
   std::int32_t offset = 0;
   const fmx::TPointF corner = ContentRect().TopLeft();
+  const fmx::TWordRule rule = Model().WordRule();
   while (!rest.empty()) {
-    const auto word = fmx::FindWordBound(rest, 0);
+    const auto word = fmx::FindWordBound(rest, 0, rule);
     if (!word) break;
     if (!FSpellService->CheckSpelling(WordOf(rest, *word)).empty()) {
       const fmx::TTextRange range = RangeOf(*word);
@@ -87,7 +88,7 @@ void TOrvStyledEdit::FindMisspeltWords() {
 
 std::vector<std::u16string> TOrvStyledEdit::GetListOfPrepositions() {
   const std::u16string text = GetText();
-  const auto word = fmx::FindWordBound(text, GetOriginCaretPosition());
+  const auto word = fmx::FindWordBound(text, GetOriginCaretPosition(), Model().WordRule());
   if (!word || FSpellService == nullptr) return {};
   return FSpellService->CheckSpelling(WordOf(text, *word));
 }
@@ -101,7 +102,7 @@ bool TOrvStyledEdit::IsCurrentWordWrong() {
 }
 
 void TOrvStyledEdit::HighlightSpell() {
-  const auto word = fmx::FindWordBound(GetText(), GetOriginCaretPosition());
+  const auto word = fmx::FindWordBound(GetText(), GetOriginCaretPosition(), Model().WordRule());
   const fmx::TRegion region = word ? FTextLayout->RegionForRange(RangeOf(*word)) : fmx::TRegion{};
   const fmx::TPointF corner = ContentRect().TopLeft();
   FSpellHightlightRect = region.empty() ? fmx::TRectF{} : region.front().Offset(-corner.X, -corner.Y);
@@ -116,14 +117,17 @@ void TOrvStyledEdit::HideHighlightSpell() {
 }
 
 void TOrvStyledEdit::Spell(std::u16string_view replacement) {
+  LeaveComposition();
   const std::u16string text = GetText();
-  const auto word = fmx::FindWordBound(text, GetOriginCaretPosition());
+  const auto word = fmx::FindWordBound(text, GetOriginCaretPosition(), Model().WordRule());
   if (!word) return;
-  SetText(WithWord(text, *word, replacement));
+  const std::u16string written =
+      Insertable(replacement, static_cast<std::int32_t>(text.size()) - RangeOf(*word).Length);
+  ReplaceText(WithWord(text, *word, written));
   FUpdateSpelling = true;
   HideHighlightSpell();
   UpdateSpelling();
-  SetCaretPosition(word->Begin + static_cast<std::int32_t>(replacement.size()));
+  SetCaretPosition(word->Begin + static_cast<std::int32_t>(written.size()));
 }
 
 // --- Menu ---
@@ -175,7 +179,7 @@ void TOrvStyledEdit::UpdateSpellPopupMenu(fmx::TPointF point) {
   if (!isMarked) return;
   const std::u16string text = GetText();
   const std::int32_t position = FTextLayout->PositionAtPoint(point, false);
-  const auto word = position >= 0 ? fmx::FindWordBound(text, position) : std::nullopt;
+  const auto word = position >= 0 ? fmx::FindWordBound(text, position, Model().WordRule()) : std::nullopt;
   if (!word) return;
   const auto add = [this](std::u16string_view caption) -> fmx::TMenuItem& {
     auto item = std::make_unique<fmx::TMenuItem>();
@@ -196,9 +200,12 @@ void TOrvStyledEdit::UpdateSpellPopupMenu(fmx::TPointF point) {
 
 void TOrvStyledEdit::SpellFixContextMenuHandler(fmx::TMenuItem& sender) {
   if (sender.Tag < 0) return;
+  LeaveComposition();
   const std::u16string text = GetText();
-  const auto word = fmx::FindWordBound(text, static_cast<std::int32_t>(sender.Tag));
-  if (word) SetText(WithWord(text, *word, sender.Text));
+  const auto word = fmx::FindWordBound(text, static_cast<std::int32_t>(sender.Tag), Model().WordRule());
+  if (!word) return;
+  const std::int32_t staying = static_cast<std::int32_t>(text.size()) - RangeOf(*word).Length;
+  ReplaceText(WithWord(text, *word, Insertable(sender.Text, staying)));
 }
 
 bool TOrvStyledEdit::ShowContextMenu(fmx::TPointF point) {
@@ -223,19 +230,24 @@ bool TOrvStyledEdit::ShowContextMenu(fmx::TPointF point) {
 }
 
 void TOrvStyledEdit::DoCut() {
+  DropWaitingHalf();
   FEdit.CutToClipboard();
 }
 void TOrvStyledEdit::DoCopy() {
+  DropWaitingHalf();
   FEdit.CopyToClipboard();
 }
 void TOrvStyledEdit::DoPaste() {
+  DropWaitingHalf();
   FEdit.PasteFromClipboard();
 }
 void TOrvStyledEdit::DoSelectAll() {
+  DropWaitingHalf();
   FEdit.SelectAll();
 }
 
 void TOrvStyledEdit::DoDelete() {
+  DropWaitingHalf();
   const fmx::TObservers& observers = FEdit.Observers();
   if (observers.IsObserving(fmx::TObserverKind::EditLink)) {
     if (!observers.EditLinkEdit()) return observers.EditLinkReset();

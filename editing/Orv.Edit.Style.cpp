@@ -5,6 +5,7 @@
 #include <cmath>
 #include <utility>
 
+#include "editing/Orv.Edit.Corrections.h"
 #include "fmx/CanvasManager.h"
 #include "fmx/Exceptions.h"
 #include "fmx/TextLayoutManager.h"
@@ -29,6 +30,11 @@ std::int32_t LengthOf(std::u16string_view text) {
   return static_cast<std::int32_t>(text.size());
 }
 
+// Messages that ask and change nothing.
+constexpr bool IsQuestion(fmx::TMessageId id) {
+  return id == fmx::MMGetCaretPositionByPoint || id == fmx::PMGetTextContentRect;
+}
+
 }  // namespace
 
 TOrvStyledEdit::TOrvStyledEdit(fmx::TPresentedControl& control)
@@ -41,9 +47,11 @@ TOrvStyledEdit::TOrvStyledEdit(fmx::TPresentedControl& control)
       FClipboardSvc(fmx::FindService<fmx::IFMXClipboardService>()) {
   SetInteractiveGestures(InteractiveGestures() + fmx::TInteractiveGestures{fmx::TInteractiveGesture::LongTap,
                                                                            fmx::TInteractiveGesture::DoubleTap});
+  Model().SetRules(&RulesInForce);
 }
 
 TOrvStyledEdit::~TOrvStyledEdit() {
+  Model().SetRules(nullptr);
   FreeStyleLookup();
 }
 
@@ -111,30 +119,32 @@ float TOrvStyledEdit::GetFlasherWidth() const {
 // --- Caret ---
 
 void TOrvStyledEdit::SetCaretPosition(std::int32_t value) {
-  const std::int32_t position = std::clamp(value, 0, LengthOf(GetText()));
+  const std::int32_t position = Held(value);
   FTextService->SetMarkedTextPosition({position, 0});
   FTextService->SetCaretPosition({position, 0});
   FView.UpdateFirstVisibleChar();
   {
     const fmx::TModelUpdate update(Model());
     Model().SetCaretPosition(position);
-    if (Model().SelLength() == 0) Model().SetSelStart(value);
+    if (Model().SelLength() == 0) Model().SetSelStart(Corrects(TOrvCorrection::FreshCaret) ? position : value);
   }
   UpdateSelectionPointPositions();
   RepaintEdit();
   UpdateCaretPosition();
 }
 
+// Within the content.
+float TOrvStyledEdit::CaretPlace() {
+  const float place = FView.GetCharX(FTextService->HasMarkedText() ? GetCaretPosition() : GetOriginCaretPosition());
+  return std::max(0.0F, std::min(place, ContentRect().Right - Model().Caret().Width() + 1));
+}
+
 void TOrvStyledEdit::UpdateCaretPosition() {
   if (!IsFocused()) return;
   fmx::TCustomCaret& caret = Model().Caret();
-  const fmx::TRectF content = ContentRect();
-  const float width = caret.Width();
-  const float place = FView.GetCharX(FTextService->HasMarkedText() ? GetCaretPosition() : GetOriginCaretPosition());
-  const float x = std::max(0.0F, std::min(place, content.Right - width + 1));
   caret.BeginUpdate();
-  caret.SetPosition({x, std::trunc(FLineTop)});
-  caret.SetSize({std::min(width, content.Width()), std::trunc(FLineHeight)});
+  caret.SetPosition({CaretPlace(), std::trunc(FLineTop)});
+  caret.SetSize({std::min(caret.Width(), ContentRect().Width()), std::trunc(FLineHeight)});
   caret.EndUpdate();
 }
 
@@ -150,7 +160,7 @@ void TOrvStyledEdit::ShowPrompt() {
 
 void TOrvStyledEdit::SetTextInternal(std::u16string_view text) {
   UpdateDirection(text);
-  Model().SetText(text);
+  StoreText(text, TStoring::AsRest);
   // The model may have left some of it out.
   FTextService->SetText(Model().Text());
   FTextLayout->SetText(Model().Text());
@@ -161,26 +171,34 @@ void TOrvStyledEdit::SetTextInternal(std::u16string_view text) {
 }
 
 void TOrvStyledEdit::SetText(std::u16string_view text) {
+  LeaveComposition();
+  if (text == GetText()) return;
+  ReplaceText(Corrects(TOrvCorrection::InsertRoom) ? Model().Validated(text) : std::u16string(text));
+}
+
+void TOrvStyledEdit::ReplaceText(std::u16string_view text) {
   if (text == GetText()) return;
   SetTextInternal(text);
   SetCaretPosition(std::min(LengthOf(GetText()), GetOriginCaretPosition()));
   {
     const fmx::TModelUpdate update(Model());
-    Model().SetSelStart(0);
+    Model().SetSelStart(Corrects(TOrvCorrection::FreshCaret) ? GetOriginCaretPosition() : 0);
     Model().SetSelLength(0);
   }
   Model().Change();
   RepaintEdit();
 }
 
-void TOrvStyledEdit::InsertText(std::u16string_view inserted) {
+void TOrvStyledEdit::InsertText(std::u16string_view insertion) {
   if (Model().ReadOnly() && !Model().InputSupport()) return;
+  LeaveComposition();
   std::u16string text = GetText();
   const std::int64_t start = Model().SelStart();
   const std::int64_t length = Model().SelLength();
   // A selection that lies outside of the text would leave the caret where nothing was inserted.
   const auto position = std::clamp<std::int64_t>(std::min(start, start + length), 0, LengthOf(text));
   const auto count = std::min<std::int64_t>(std::abs(length), LengthOf(text) - position);
+  const std::u16string inserted = Insertable(insertion, static_cast<std::int32_t>(LengthOf(text) - count));
   text.replace(static_cast<std::size_t>(position), static_cast<std::size_t>(count), inserted);
   {
     const fmx::TModelUpdate update(Model());
@@ -198,13 +216,13 @@ void TOrvStyledEdit::DoTyping() {
 
 void TOrvStyledEdit::Dispatch(fmx::TMessage& message) {
   using namespace fmx;
+  if (!IsQuestion(message.Id)) DropWaitingHalf();
   switch (message.Id) {
     case MMCaretPositionChanged:
-      return SetCaretPosition(message.As<std::int32_t>());
+      return CaretPositionChanged(message.As<std::int32_t>());
     case MMSelStartChanged:
     case MMSelLengthChanged:
-      UpdateSelectionPointPositions();
-      return RepaintEdit();
+      return SelectionChanged();
     case MMTextChanging:
       return DoChangeTracking();
     case MMTextChanged:
@@ -226,7 +244,10 @@ void TOrvStyledEdit::Dispatch(fmx::TMessage& message) {
     case MMCheckSpellingChanged:
       return CheckSpellingChanged(message.As<bool>());
     case MMGetCaretPositionByPoint:
-      message.Value = FView.GetCaretPosition(message.As<TPointF>().X);
+      message.Value = HitPosition(message.As<TPointF>().X);
+      return;
+    case MMReadOnlyChanged:
+      LeaveComposition();
       return;
     case MMEditButtonsChanged:
       return RealignButtonsContainer();
@@ -245,11 +266,18 @@ void TOrvStyledEdit::Dispatch(fmx::TMessage& message) {
 }
 
 void TOrvStyledEdit::TextChanged(std::u16string_view text) {
-  if (text == GetText()) return;
+  const bool isApplications = !FWritesText;
+  const bool wasKnown = text == GetText();
+  const bool leaves = isApplications && Corrects(TOrvCorrection::Composition) && FTextService->HasMarkedText();
+  if (leaves) FTextService->SetMarkedText({}, 0);
+  if (wasKnown && !leaves) return;
+  if (isApplications && Corrects(TOrvCorrection::AutoDirectionAlways)) UpdateDirection(text);
   FTextLayout->SetText(text);
   FTextService->SetText(text);
   FView.UpdateFirstVisibleChar();
-  if (GetOriginCaretPosition() > LengthOf(text))
+  if (isApplications && Corrects(TOrvCorrection::FreshCaret))
+    SelectNothingAt(GetOriginCaretPosition());
+  else if (GetOriginCaretPosition() > LengthOf(text))
     SetCaretPosition(LengthOf(text));
   else
     UpdateCaretPosition();
@@ -266,6 +294,7 @@ void TOrvStyledEdit::TextSettingsChanged(bool isSizeChange) {
     RepaintEdit();
   }
   UpdateTextLayout();
+  PlaceCaretAnew();
 }
 
 void TOrvStyledEdit::ImeModeChanged() {
@@ -273,7 +302,9 @@ void TOrvStyledEdit::ImeModeChanged() {
 }
 
 void TOrvStyledEdit::PasswordChanged() {
+  LeaveComposition();
   ImeModeChanged();
+  PlaceCaretAnew();
   UpdateCaretPosition();
   RepaintEdit();
 }
@@ -283,6 +314,7 @@ void TOrvStyledEdit::PromptTextChanged() {
 }
 
 void TOrvStyledEdit::Init() {
+  TakeFormerText();
   const std::u16string& text = Model().Text();
   FTextService->SetMaxLength(Model().MaxLength());
   FTextLayout->SetText(text);
@@ -293,9 +325,11 @@ void TOrvStyledEdit::Init() {
   FEdit.ButtonsContent().BringToFront();
   RealignButtonsContainer();
   UpdateTextLayout();
+  TakeFormerCaret();
 }
 
 void TOrvStyledEdit::BeforeExit() {
+  LeaveComposition();
   if (Root() == nullptr) return;
   Model().Change();
   FEdit.Observers().EditLinkUpdate();

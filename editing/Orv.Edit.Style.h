@@ -51,7 +51,7 @@ class TOrvStyledEdit : public fmx::TStyledPresentation,
   void ToggleBidiMode();
   // Whether the alignment follows the first strong character of what is typed. Off at first.
   bool AutoDirection() const { return FAutoDirection; }
-  void SetAutoDirection(bool automatic) { FAutoDirection = automatic; }
+  void SetAutoDirection(bool automatic);
   // Takes the direction from the alignment, and tells how to fill a text now.
   fmx::TFillTextFlags FillTextFlags();
 
@@ -88,6 +88,8 @@ class TOrvStyledEdit : public fmx::TStyledPresentation,
   fmx::TSelectionPoint* SelectionPoint(TSelectionPointType type) const {
     return type == TSelectionPointType::Left ? FLeftSelPt : FRightSelPt;
   }
+  // The position that a press at x gives.
+  std::int32_t HitPosition(float x);
   // Whether each handle moves the other edge.
   bool AreHandlersCrossed() const { return FHandlersCrossed; }
 
@@ -168,12 +170,15 @@ class TOrvStyledEdit : public fmx::TStyledPresentation,
   bool IsEditable() const { return !Model().ReadOnly() && Model().InputSupport(); }
   const fmx::TTextSettings& ResultingSettings() const { return Model().TextSettingsInfo().Resulting(); }
   void UpdateDirection(std::u16string_view text);
+  float CaretPlace();
   void UpdateCaretPosition();
   void RepaintEdit();
   void ShowPrompt();
 
   // Messages
   void TextChanged(std::u16string_view text);
+  void CaretPositionChanged(std::int32_t position);
+  void SelectionChanged();
   void TextSettingsChanged(bool isSizeChange);
   void PasswordChanged();
   void ImeModeChanged();
@@ -181,6 +186,33 @@ class TOrvStyledEdit : public fmx::TStyledPresentation,
   void CheckSpellingChanged(bool check);
   void Init();
   void BeforeExit();
+
+  // Departures from the plain rules; by them, where its correction is not in force, each does nothing or what they say
+  static fmx::TEditRules RulesInForce();
+  static bool IsBehindPair(std::u16string_view text, std::int32_t position);
+  static bool IsBeforePair(std::u16string_view text, std::int32_t position);
+  std::int32_t Held(std::int32_t position) const;
+  std::u16string Insertable(std::u16string_view text, std::int32_t staying) const;
+  void DropWaitingHalf();
+  void PlaceCaretAnew();
+  void SelectNothingAt(std::int32_t caret);
+  void TakeSelection();
+  void TakeFormerText();
+  void TakeFormerCaret();
+  void DropSelectionForLongPress();
+  bool KeepsPassword() const;
+  void PlaceHandles();
+  void DragEnd(float& x, float& y, TSelectionPointType type);
+  void SettleText();
+  bool LeaveComposition();
+  bool RefusesComposition();
+  void MakeRoomForComposition();
+  std::int32_t PressedPosition(float x);
+
+  // How the model gets a text that the presentation has made.
+  enum class TStoring : std::uint8_t { AsItComes, AsRest };
+  void StoreText(std::u16string_view text, TStoring storing);
+  void ReplaceText(std::u16string_view text);
 
   // Keys
   bool AskEditLink(const fmx::TKeyEvent& event);
@@ -205,8 +237,10 @@ class TOrvStyledEdit : public fmx::TStyledPresentation,
   void SetSelectionMode(TSelectionMode mode);
   void LongTap(fmx::TPointF point);
   void UpdateSelectionPointPositions();
+  void CrossHandles(bool crossed);
   void BindSelectionPoint(fmx::TSelectionPoint& point, TSelectionPointType type);
   void DoSelPtChangePosition(float& x, float& y, TSelectionPointType type);
+  void DragEdge(float& x, float& y, TSelectionPointType type);
   void DoSelPtMouseDown(TSelectionPointType type);
   void SetLoupePosition(TSelectionPointType type);
   void SetLoupePosition(fmx::TPointF point);
@@ -249,6 +283,7 @@ class TOrvStyledEdit : public fmx::TStyledPresentation,
   float FLineHeight = 0;
   float FLineTop = 0;
   std::u16string FCharsBuffer;  // a high surrogate that waits for its other half
+  bool FWritesText = false;     // the model's text changes by this presentation's doing
   std::shared_ptr<fmx::ILoupeService> FLoupeService;
   std::shared_ptr<fmx::IFMXSpellCheckerService> FSpellService;
   std::shared_ptr<fmx::IFMXClipboardService> FClipboardSvc;

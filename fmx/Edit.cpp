@@ -38,14 +38,18 @@ void TCustomEdit::SelectAll() {
 }
 
 void TCustomEdit::SelectWord() {
-  if (const auto word = FindWordBound(Text(), FModel.CaretPosition())) Select(word->Begin, word->End + 1);
+  if (const auto word = FindWordBound(Text(), FModel.CaretPosition(), FModel.WordRule()))
+    Select(word->Begin, word->End + 1);
 }
 
 void TCustomEdit::ResetSelection() {
-  const std::int32_t start = std::min(FModel.SelStart(), FModel.SelEnd());
+  SelectNothingAt(std::min(FModel.SelStart(), FModel.SelEnd()));
+}
+
+void TCustomEdit::SelectNothingAt(std::int32_t caret) {
   FModel.SetSelLength(0);
-  FModel.PlaceCaret(start);
-  FModel.SetSelStart(start);
+  FModel.PlaceCaret(caret);
+  FModel.SetSelStart(caret);
 }
 
 // --- Clipboard ---
@@ -56,6 +60,7 @@ void TCustomEdit::CopyToClipboard() const {
 }
 
 void TCustomEdit::CutToClipboard() {
+  if (FModel.Password() && FModel.Rules().Contains(TEditRule::KeepsPasswords)) return;
   CopyToClipboard();
   DeleteSelection();
 }
@@ -72,8 +77,10 @@ void TCustomEdit::DeleteSelection() {
   const TTextRange selection = FModel.Selection();
   std::u16string text = Text();
   text.erase(static_cast<std::size_t>(selection.Pos), static_cast<std::size_t>(selection.Length));
-  FModel.SetText(text);
-  ResetSelection();
+  // A presentation may follow the new text with the selection.
+  const std::int32_t start = std::min(FModel.SelStart(), FModel.SelEnd());
+  FModel.SetRest(text);
+  SelectNothingAt(start);
 }
 
 TRectF TCustomEdit::TextContentRect() {

@@ -40,12 +40,12 @@ class TCustomEdit : public TPresentedControl {
   // --- What a menu offers ---
 
   // They leave the caret at the end of what they select. SelectWord takes the word around the caret, or what is
-  // between words.
+  // between words (TEditRule::WholeWords tells what a word is).
   void SelectAll();
   void SelectWord();
   // Nothing out of a password box, and nothing where nothing is selected.
   void CopyToClipboard() const;
-  // Copies, and deletes.
+  // Copies, and deletes. Nothing in a password box that keeps its text to itself (TEditRule::KeepsPasswords).
   void CutToClipboard();
   // In the place of the selection, as it is, by the presentation. Nothing in a read-only box, or with an empty
   // clipboard.
@@ -62,6 +62,7 @@ class TCustomEdit : public TPresentedControl {
 
  private:
   void Select(std::int32_t from, std::int32_t to);
+  void SelectNothingAt(std::int32_t caret);
 
   TCustomEditModel FModel;
   TControl* FButtonsContent;

@@ -14,6 +14,13 @@ char16_t Mapped(char16_t c, TCharCase charCase) {
   return mapped <= 0xFFFF ? static_cast<char16_t>(mapped) : c;
 }
 
+std::u16string FilteredUnits(std::u16string_view text, std::u16string_view filter) {
+  std::u16string filtered;
+  for (const char16_t c : text)
+    if (filter.empty() || filter.find(c) != std::u16string_view::npos) filtered.push_back(c);
+  return filtered;
+}
+
 }  // namespace
 
 TCustomEditModel::TCustomEditModel() {
@@ -23,12 +30,31 @@ TCustomEditModel::TCustomEditModel() {
 
 // --- Text ---
 
+std::u16string TCustomEditModel::Cased(std::u16string text) const {
+  for (char16_t& c : text) c = Mapped(c, FCharCase);
+  return text;
+}
+
 std::u16string TCustomEditModel::Validated(std::u16string_view text) const {
-  std::u16string valid;
-  for (const char16_t c : text)
-    if (FFilterChar.empty() || FFilterChar.find(c) != std::u16string::npos) valid.push_back(Mapped(c, FCharCase));
+  const TEditRules rules = Rules();
+  const std::u16string line = rules.Contains(TEditRule::OneLine) ? InOneLine(text) : std::u16string(text);
+  if (rules.Contains(TEditRule::WholeCharacters)) return Admitted(line, 0);
+  std::u16string valid = Cased(FilteredUnits(line, FFilterChar));
   if (FMaxLength > 0 && std::cmp_greater(valid.size(), FMaxLength)) valid.resize(static_cast<std::size_t>(FMaxLength));
   return valid;
+}
+
+std::u16string TCustomEditModel::Admitted(std::u16string_view text, std::int32_t staying) const {
+  const std::u16string allowed = Cased(FilteredCharacters(text, FFilterChar));
+  if (FMaxLength <= 0) return allowed;
+  return std::u16string(CutAtCharacter(allowed, SaturatedDifference(FMaxLength, staying)));
+}
+
+void TCustomEditModel::SetRest(std::u16string_view text) {
+  if (Rules().Contains(TEditRule::WholeCharacters))
+    SetTextWithoutValidation(text);
+  else
+    SetText(text);
 }
 
 void TCustomEditModel::SetText(std::u16string_view text) {

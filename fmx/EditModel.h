@@ -9,10 +9,12 @@
 
 #include "fmx/Brush.h"
 #include "fmx/Caret.h"
+#include "fmx/EditText.h"
 #include "fmx/Messages.h"
 #include "fmx/Rounding.h"
 #include "fmx/TextService.h"
 #include "fmx/TextSettings.h"
+#include "fmx/TextWords.h"
 
 namespace fmx {
 
@@ -52,6 +54,19 @@ class TCustomEditModel : public TDataModel {
   // As it comes.
   void SetTextWithoutValidation(std::u16string_view text);
   std::u16string Validated(std::u16string_view text) const;
+  // What is left of a text when some of it has gone: by the plain rules a text like any other, and as it comes where
+  // filter and limit hold for what is written alone (TEditRule::WholeCharacters).
+  void SetRest(std::u16string_view text);
+  // What of a text may be written beside so many units that stay: whole characters that the filter allows, in their
+  // case, as many as the limit leaves room for.
+  std::u16string Admitted(std::u16string_view text, std::int32_t staying) const;
+
+  // The presentation's; asked at each use, empty without a source.
+  TEditRules Rules() const { return FRules ? FRules() : TEditRules{}; }
+  void SetRules(std::function<TEditRules()> source) { FRules = std::move(source); }
+  TWordRule WordRule() const {
+    return Rules().Contains(TEditRule::WholeWords) ? TWordRule::WithMarks : TWordRule::ByCharacter;
+  }
 
   // The units allowed; empty allows all.
   const std::u16string& FilterChar() const { return FFilterChar; }
@@ -127,6 +142,9 @@ class TCustomEditModel : public TDataModel {
  private:
   using TDataModel::Change;
 
+  std::u16string Cased(std::u16string text) const;
+
+  std::function<TEditRules()> FRules;
   std::u16string FText;
   std::u16string FFilterChar;
   TCharCase FCharCase = TCharCase::Normal;

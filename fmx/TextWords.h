@@ -9,13 +9,19 @@
 
 namespace fmx {
 
+// Whether what a reader takes for a part of the letter before it is a part of the word.
+enum class TWordRule : std::uint8_t {
+  ByCharacter,  // each character counts by itself, so that a vowel mark ends a word
+  WithMarks     // marks (Mn, Me, Mc), U+200C and U+200D belong to the character before them
+};
+
 // Where the word before the position begins, or the one that the position lies in; -1 at 0 and outside the text. Blanks
 // at the start of a text end the walk at 0. Example: ("abc def", 7) is 4.
-std::int32_t GetPrevLexemeBegin(std::u16string_view text, std::int32_t pos);
+std::int32_t GetPrevLexemeBegin(std::u16string_view text, std::int32_t pos, TWordRule rule = TWordRule::ByCharacter);
 
 // Where the next word begins; the length where there is none; -1 for an empty text and a position outside of it.
 // Example: ("abc def", 1) is 4.
-std::int32_t GetNextLexemeBegin(std::u16string_view text, std::int32_t pos);
+std::int32_t GetNextLexemeBegin(std::u16string_view text, std::int32_t pos, TWordRule rule = TWordRule::ByCharacter);
 
 // Both ends inclusive.
 struct TWordBound {
@@ -24,7 +30,8 @@ struct TWordBound {
 };
 // The stretch of word characters, or of others, around the position; at the end of the text the one that ends there.
 // Nothing for an empty text and a position outside of it. Example: ("abc def", 5) is 4 to 6.
-std::optional<TWordBound> FindWordBound(std::u16string_view text, std::int32_t pos);
+std::optional<TWordBound> FindWordBound(std::u16string_view text, std::int32_t pos,
+                                        TWordRule rule = TWordRule::ByCharacter);
 
 // A test of characters by code point, for walks by other words than those above.
 using TIsWordCharacter = bool (*)(std::uint32_t codePoint);

@@ -248,7 +248,7 @@ TJson AnswerTo(TEditBox& box, const TArguments& step) {
   }
   if (name == "HitTest") {
     expect(1);
-    return presentation.View().GetCaretPosition(Float("args", args[0]));
+    return presentation.HitPosition(Float("args", args[0]));
   }
   if (name == "TextWidth") {
     expect(2);

@@ -1,8 +1,10 @@
-// A single-line box for tests, by the rules: no correction is in force.
+// A single-line box for tests, by the rules where no correction is named.
 #pragma once
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <string>
 #include <string_view>
 
 #include "tools/orv/eval/EditBox.h"
@@ -10,10 +12,15 @@
 
 namespace orv::testing {
 
-class EditTest : public ::testing::Test {
- protected:
-  EditTest() : FCorrections(TOrvGlobalSettings::Corrections) { TOrvGlobalSettings::Corrections = {}; }
-  ~EditTest() override { TOrvGlobalSettings::Corrections = FCorrections; }
+// A box, and the corrections while it lives. There is one at a time.
+class TBoxInUse {
+ public:
+  explicit TBoxInUse(TOrvCorrections corrections = {}) : FCorrections(TOrvGlobalSettings::Corrections) {
+    TOrvGlobalSettings::Corrections = corrections;
+  }
+  ~TBoxInUse() { TOrvGlobalSettings::Corrections = FCorrections; }
+  TBoxInUse(const TBoxInUse&) = delete;
+  TBoxInUse& operator=(const TBoxInUse&) = delete;
 
   fmx::TCustomEditModel& Model() { return FBox.Edit().Model(); }
   TOrvStyledEdit& Edit() { return FBox.Presentation(); }
@@ -26,6 +33,20 @@ class EditTest : public ::testing::Test {
   void At(std::int32_t caret) { Model().SetCaretPosition(caret); }
   void Key(fmx::Keys::TCode key, fmx::TShiftState shift = {}) { FBox.Key({key, 0, shift}); }
   void Type(std::u16string_view text) { FBox.Type(text); }
+  void Press(float x, fmx::TShiftState shift = {}, bool isDouble = false) {
+    FBox.Edit().MouseDown({fmx::TMouseButton::Left, shift, {x, 10}, isDouble});
+  }
+  void Move(float x) { FBox.Edit().MouseMove({fmx::TMouseButton::Left, {}, {x, 10}}); }
+  void Release(float x) { FBox.Edit().MouseUp({fmx::TMouseButton::Left, {}, {x, 10}}); }
+  void LongTap(float x) { FBox.Edit().CMGesture({fmx::LongTapGesture, {x, 10}, {}}); }
+  void Paste(std::u16string_view text) {
+    FBox.Clipboard().SetText(text);
+    Edit().DoPaste();
+  }
+  void Compose(std::u16string_view marked, std::int32_t caret) {
+    Edit().GetTextService()->SetMarkedText(marked, caret);
+    Edit().IMEStateUpdated();
+  }
 
   // The text with "|" at the caret, and "^" at the other end of a selection.
   std::u16string Seen() {
@@ -51,8 +72,10 @@ class EditTest : public ::testing::Test {
  private:
   TOrvCorrections FCorrections;
 
- protected:
+ public:
   eval::TEditBox FBox{true};
 };
+
+class EditTest : public ::testing::Test, protected TBoxInUse {};
 
 }  // namespace orv::testing

@@ -14,9 +14,6 @@ using fmx::TTextAlign;
 class EditPlaces : public EditTest {
  protected:
   float X(std::int32_t index) { return Edit().View().GetCharX(index); }
-  void Press(float x, fmx::TShiftState shift = {}) { FBox.Edit().MouseDown({fmx::TMouseButton::Left, shift, {x, 10}}); }
-  void Move(float x) { FBox.Edit().MouseMove({fmx::TMouseButton::Left, {}, {x, 10}}); }
-  void Release(float x) { FBox.Edit().MouseUp({fmx::TMouseButton::Left, {}, {x, 10}}); }
 };
 
 TEST_F(EditPlaces, LatinCaretsStandAtTheEndsOfTheirLetters) {

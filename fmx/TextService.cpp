@@ -66,6 +66,7 @@ void TTextService::DoSetMarkedText(std::u16string_view text, std::int32_t caret,
                                    std::vector<TCompositionAttribute> attributes) {
   FMarkedText = text;
   FMarkedCaret = static_cast<std::int32_t>(HeldIn(text, caret));
+  if (!attributes.empty()) attributes.resize(text.size());  // an input method may have told too many or too few
   FAttributes = std::move(attributes);
 }
 

@@ -63,6 +63,7 @@ void TOrvStyledEdit::MouseMove(const fmx::TMouseEvent& event) {
       SetLoupePosition(event.Point);
       ShowLoupe();
     }
+    DropSelectionForLongPress();
     SetCaretPosition(DragPosition(event.Point.X));
   } else if (FSelectionMode == TSelectionMode::Selecting) {
     const std::int32_t old = GetCaretPosition();

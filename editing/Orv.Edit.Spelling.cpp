@@ -127,7 +127,7 @@ void TOrvStyledEdit::Spell(std::u16string_view replacement) {
   FUpdateSpelling = true;
   HideHighlightSpell();
   UpdateSpelling();
-  SetCaretPosition(word->Begin + static_cast<std::int32_t>(written.size()));
+  CaretPositionChanged(word->Begin + static_cast<std::int32_t>(written.size()));
 }
 
 // --- Menu ---

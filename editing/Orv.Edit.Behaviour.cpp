@@ -191,7 +191,11 @@ void TOrvStyledEdit::SettleText() {
   StoreText(text, TStoring::AsItComes);
   FView.UpdateFirstVisibleChar();
   ShowPrompt();
-  UpdateCaretPosition();
+  // Where the composition began by the rules, the caret may stand in it.
+  if (GetOriginCaretPosition() > LengthOf(text))
+    SetCaretPosition(LengthOf(text));
+  else
+    UpdateCaretPosition();
   RepaintEdit();
 }
 

@@ -52,48 +52,32 @@ class TMonkey {
 
 std::u16string TMonkey::Text(std::uint32_t longest) {
   // Cased letters are ASCII ones, so that anyone can map them.
-  static const std::u16string alphabet[] = {u"a",
-                                            u"b",
-                                            u"c",
-                                            u"A",
-                                            u"B",
-                                            u" ",
-                                            u" ",
-                                            u"س",
-                                            u"ل",
-                                            u"ا",
-                                            u"م",
-                                            u"ב",
-                                            u"1",
-                                            u"9",
-                                            u"٢",
-                                            u"۳",
-                                            u"?",
-                                            u".",
-                                            u",",
-                                            u"(",
-                                            u"+",
-                                            u"-",
-                                            u"\u064E",
-                                            u"\u0301",
-                                            u"\u200C",
-                                            u"\u200D",
-                                            u"\U0001F600",
-                                            u"\U0001F600",
-                                            u"\xD83D",
-                                            u"\xDE00",
-                                            u"\r\n",
-                                            u"\n",
-                                            u"\u2028",
-                                            u"\u0085",
-                                            u"\t",
-                                            u"\u0001",
-                                            std::u16string(1, u'\0')};
+  static const std::u16string alphabet[] = {u"a",          u"b",
+                                            u"c",          u"A",
+                                            u"B",          u" ",
+                                            u" ",          u"س",
+                                            u"ل",          u"ا",
+                                            u"م",          u"ב",
+                                            u"1",          u"9",
+                                            u"٢",          u"۳",
+                                            u"?",          u".",
+                                            u",",          u"(",
+                                            u"+",          u"-",
+                                            u"\u064E",     u"\u0301",
+                                            u"\u200C",     u"\u200D",
+                                            u"\U0001F600", u"\U0001F600",
+                                            u"\xD83D",     u"\xDE00",
+                                            u"\r\n",       u"\n",
+                                            u"\u2028",     u"\u0085",
+
+                                            u"\u0001",     std::u16string(1, u'\0')};
   const bool isOdd = OneIn(3);
+  // By the rules a tab that a narrow box cuts off is an error of the layout.
+  const bool hasTabs = TOrvGlobalSettings::Corrections == AllCorrections;
   std::u16string made;
   for (auto left = Below(longest + 1); left > 0; --left) {
     const std::u16string& next = alphabet[Below(isOdd ? std::size(alphabet) : 28)];
-    made += next;
+    made += hasTabs && OneIn(40) ? u"\t" : next;
   }
   return made;
 }

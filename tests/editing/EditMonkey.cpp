@@ -71,12 +71,13 @@ std::u16string TMonkey::Text(std::uint32_t longest) {
                                             u"\u2028",     u"\u0085",
 
                                             u"\u0001",     std::u16string(1, u'\0')};
+  constexpr std::size_t ordinary = 28;
   const bool isOdd = OneIn(3);
   // By the rules a tab that a narrow box cuts off is an error of the layout.
   const bool hasTabs = TOrvGlobalSettings::Corrections == AllCorrections;
   std::u16string made;
   for (auto left = Below(longest + 1); left > 0; --left) {
-    const std::u16string& next = alphabet[Below(isOdd ? std::size(alphabet) : 28)];
+    const std::u16string& next = alphabet[Below(isOdd ? std::size(alphabet) : ordinary)];
     made += hasTabs && OneIn(40) ? u"\t" : next;
   }
   return made;
@@ -383,6 +384,9 @@ TEST(EditMonkey, ACorrectedBoxIsAPlainOne) {
   TBoxInUse box(AllCorrections);
   TMonkey monkey(box, 20240320);
   const TPlainBox& plain = monkey.Plain();
+  int selected = 0;
+  int composing = 0;
+  int scrolled = 0;
   for (int step = 0; step < Steps; ++step) {
     const std::u16string before = box.Seen();
     const std::string name = monkey.Step();
@@ -396,7 +400,13 @@ TEST(EditMonkey, ACorrectedBoxIsAPlainOne) {
     ASSERT_EQ(plain.Held(plain.Caret), plain.Caret) << "inside of a character";
     ASSERT_EQ(plain.Held(plain.Anchor), plain.Anchor) << "inside of a character";
     ASSERT_EQ(box.FBox.Clipboard().GetText(), plain.Clipboard);
+    selected += plain.Caret != plain.Anchor ? 1 : 0;
+    composing += plain.Marked.empty() ? 0 : 1;
+    scrolled += box.Edit().View().FirstVisibleChar() > 1 ? 1 : 0;
   }
+  EXPECT_GT(selected, Steps / 10);
+  EXPECT_GT(composing, Steps / 50);
+  EXPECT_GT(scrolled, Steps / 20);
 }
 
 TEST(EditMonkey, ABoxByTheRulesIsSafe) {

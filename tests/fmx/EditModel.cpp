@@ -36,6 +36,43 @@ TEST_F(EditModel, ATextIsFilteredThenMappedThenCut) {
   EXPECT_EQ(FModel.Text(), u"xyz12");
 }
 
+// --- Rules of a presentation ---
+
+TEST_F(EditModel, WithWholeCharactersFilterAndLimitTakePairsWhole) {
+  FModel.SetFilterChar(u"ab\U0001F600\U0001F601");
+  FModel.SetCharCase(TCharCase::UpperCase);
+  FModel.SetMaxLength(4);
+  FModel.SetText(u"xa\U0001F600\U0001F601");
+  EXPECT_EQ(FModel.Text(), u"A\U0001F600\xD83D");
+  FModel.SetRules([] { return fmx::TEditRules{fmx::TEditRule::WholeCharacters}; });
+  FModel.SetText(u"xa\U0001F600\U0001F601");
+  EXPECT_EQ(FModel.Text(), u"A\U0001F600");
+  EXPECT_EQ(FModel.Admitted(u"ab\U0001F600", 1), u"AB") << "the pair has no room";
+  EXPECT_EQ(FModel.Admitted(u"ab", 100), u"");
+  FModel.SetMaxLength(0);
+  EXPECT_EQ(FModel.Admitted(u"abab", 100), u"ABAB");
+}
+
+TEST_F(EditModel, WhatIsLeftOfATextIsATextLikeAnyOtherUnlessCharactersAreTakenWhole) {
+  FModel.SetTextWithoutValidation(u"abcd");
+  FModel.SetMaxLength(2);
+  FModel.SetRules([] { return fmx::TEditRules{fmx::TEditRule::WholeCharacters}; });
+  FModel.SetRest(u"abc");
+  EXPECT_EQ(FModel.Text(), u"abc");
+  FModel.SetRules(nullptr);
+  FModel.SetRest(u"abcd");
+  EXPECT_EQ(FModel.Text(), u"ab");
+}
+
+TEST_F(EditModel, InOneLineATextHasBlanksForItsLineEnds) {
+  FModel.SetMaxLength(3);
+  FModel.SetText(u"a\r\nb");
+  EXPECT_EQ(FModel.Text(), u"a\r\n");
+  FModel.SetRules([] { return fmx::TEditRules{fmx::TEditRule::OneLine}; });
+  FModel.SetText(u"a\r\nb");
+  EXPECT_EQ(FModel.Text(), u"a b");
+}
+
 TEST_F(EditModel, AChangeIsToldOnceAndNoChangeNever) {
   FModel.SetText(u"a");
   FModel.SetText(u"a");

@@ -80,4 +80,64 @@ TEST(TextWords, MovesAlwaysMakeWay) {
   }
 }
 
+// --- Marks and joiners ---
+
+constexpr auto WithMarks = fmx::TWordRule::WithMarks;
+
+TEST(TextWords, WithMarksALetterIsWalkedWithWhatBelongsToIt) {
+  EXPECT_EQ(GetNextLexemeBegin(u"a\u0301b c", 0), 2);
+  EXPECT_EQ(GetNextLexemeBegin(u"a\u0301b c", 0, WithMarks), 4);
+  EXPECT_EQ(GetNextLexemeBegin(u"a\u0301b c", 1, WithMarks), 4) << "between a letter and its mark";
+  EXPECT_EQ(GetPrevLexemeBegin(u"c a\u200Cb", 5), 4);
+  EXPECT_EQ(GetPrevLexemeBegin(u"c a\u200Cb", 5, WithMarks), 2);
+  EXPECT_EQ(GetPrevLexemeBegin(u"c a\u0301", 3, WithMarks), 2) << "the word that the position lies in";
+  EXPECT_EQ(GetPrevLexemeBegin(u"a \u0301b", 4, WithMarks), 3) << "a mark behind a blank is of no word";
+  EXPECT_EQ(GetNextLexemeBegin(u"\u0301ab", 0, WithMarks), 1) << "nor is one at the start";
+  EXPECT_EQ(GetNextLexemeBegin(u"\U00010400\U0001D165x b", 0, WithMarks), 6) << "pairs, the second one a mark";
+}
+
+TEST(TextWords, WithMarksAWordsBoundsHoldItsMarks) {
+  for (const std::int32_t pos : {3, 4, 5, 6}) {
+    const auto word = FindWordBound(u"ab c\u0301\u200Dd", pos, WithMarks);
+    ASSERT_TRUE(word);
+    EXPECT_EQ(word->Begin, 3);
+    EXPECT_EQ(word->End, 6);
+  }
+  const auto plain = FindWordBound(u"ab c\u0301\u200Dd", 4);
+  ASSERT_TRUE(plain);
+  EXPECT_EQ(plain->Begin, 4);
+  EXPECT_EQ(plain->End, 5);
+}
+
+// Where a mark counts as what stands before it, unit by unit, words are the same.
+TEST(TextWords, WithMarksWordsAreThoseOfATextWithoutMarks) {
+  constexpr std::u16string_view alphabet = u"a \u0301\u200D-";
+  for (std::size_t number = 0; number < 5 * 5 * 5 * 5 * 5; ++number) {
+    std::u16string text;
+    std::u16string flat;
+    for (std::size_t i = 0, rest = number; i < 5; ++i, rest /= 5) {
+      const char16_t c = alphabet[rest % 5];
+      const bool belongs = c == 0x301 || c == 0x200D;
+      text.push_back(c);
+      flat.push_back(!belongs ? c : flat.empty() ? u' ' : flat.back());
+    }
+    for (std::int32_t pos = 0; pos <= 5; ++pos) {
+      EXPECT_EQ(GetPrevLexemeBegin(text, pos, WithMarks), GetPrevLexemeBegin(flat, pos)) << number << " at " << pos;
+      EXPECT_EQ(GetNextLexemeBegin(text, pos, WithMarks), GetNextLexemeBegin(flat, pos)) << number << " at " << pos;
+      const auto found = FindWordBound(text, pos, WithMarks);
+      const auto expected = FindWordBound(flat, pos);
+      ASSERT_TRUE(found && expected);
+      EXPECT_EQ(found->Begin, expected->Begin) << number << " at " << pos;
+      EXPECT_EQ(found->End, expected->End) << number << " at " << pos;
+    }
+  }
+}
+
+TEST(TextWords, ALongRunOfMarksIsWalkedOnce) {
+  const std::u16string text = u"a" + std::u16string(200000, u'\u0301') + u" b";
+  EXPECT_EQ(GetNextLexemeBegin(text, 0, WithMarks), 200002);
+  EXPECT_EQ(GetPrevLexemeBegin(text, 200001, WithMarks), 0);
+  EXPECT_EQ(FindWordBound(text, 1000, WithMarks)->End, 200000);
+}
+
 }  // namespace

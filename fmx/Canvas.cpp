@@ -138,6 +138,16 @@ bool TCanvas::Prepare(float opacity) {
   return true;
 }
 
+// Asked for each of the pictures that a long line has outside of its box. A pixel more is for what bleeds over an edge.
+bool TCanvas::IsClippedAway(const TRectF& rect) const {
+  const TMatrix& matrix = FState.Matrix;
+  if (!matrix.IsTranslation()) return false;
+  const TRectF& clip = FState.Clip.Box();
+  const float scale = Scale();
+  return (rect.Right + matrix.m31) * scale < clip.Left - 1 || (rect.Left + matrix.m31) * scale > clip.Right + 1 ||
+         (rect.Bottom + matrix.m32) * scale < clip.Top - 1 || (rect.Top + matrix.m32) * scale > clip.Bottom + 1;
+}
+
 // --- Alignment ---
 
 float TCanvas::Align(float v, float translation) const {
@@ -224,7 +234,7 @@ void TCanvas::DrawPath(const TPathData& path, float opacity, const TStrokeBrush&
 void TCanvas::DrawBitmap(const TBitmap& bitmap, const TRectF& source, const TRectF& destination, float opacity,
                          bool highSpeed) {
   if (source.IsEmpty() || destination.IsEmpty() || !source.IsFinite() || !destination.IsFinite()) return;
-  if (&bitmap == FTarget.Bitmap || !Prepare(opacity)) return;
+  if (&bitmap == FTarget.Bitmap || IsClippedAway(destination) || !Prepare(opacity)) return;
   const TRectF whole{0, 0, static_cast<float>(bitmap.Width()), static_cast<float>(bitmap.Height())};
   const TRectF inside = source.Intersect(whole);
   if (inside.IsEmpty()) return;

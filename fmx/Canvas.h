@@ -239,6 +239,8 @@ class TCanvas : public orv::TRewritableObject {
   }
   // Whether something may be drawn; tells the back end of a changed matrix and clip.
   bool Prepare(float opacity);
+  // Whether surely nothing of the rectangle is in the clip; false also where that takes more to find out.
+  bool IsClippedAway(const TRectF& rect) const;
   bool OpenTarget(std::span<const TRectF> clipRects, void* context);
   void StateChanged();
   float Align(float v, float translation) const;

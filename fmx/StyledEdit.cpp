@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "fmx/EditText.h"
 #include "fmx/GPUTextLayout.h"
 #include "fmx/Style.h"
 #include "fmx/TextLayoutManager.h"
@@ -18,28 +19,6 @@ constexpr TShiftState ShiftAlone{TShiftItem::Shift};
 
 std::int32_t LengthOf(std::u16string_view text) {
   return static_cast<std::int32_t>(text.size());
-}
-
-char16_t UnitOf(std::u16string_view text, std::int32_t index) {
-  return index >= 0 && index < LengthOf(text) ? text[static_cast<std::size_t>(index)] : u'\0';
-}
-
-bool IsInPair(std::u16string_view text, std::int32_t position) {
-  return rtl::IsLowSurrogate(UnitOf(text, position)) && rtl::IsHighSurrogate(UnitOf(text, position - 1));
-}
-
-// Within the text, and before the pair that it lies in.
-std::int32_t Held(std::u16string_view text, std::int32_t position) {
-  const std::int32_t held = std::clamp(position, 0, LengthOf(text));
-  return IsInPair(text, held) ? held - 1 : held;
-}
-
-std::int32_t Before(std::u16string_view text, std::int32_t position) {
-  return Held(text, position - 1);
-}
-std::int32_t Behind(std::u16string_view text, std::int32_t position) {
-  const std::int32_t next = std::min(position + 1, LengthOf(text));
-  return IsInPair(text, next) ? next + 1 : next;
 }
 
 std::unique_ptr<TTextLayout> NewLayout() {
@@ -59,7 +38,7 @@ TStyledEdit::~TStyledEdit() {
 }
 
 std::int32_t TStyledEdit::Caret() const {
-  return Held(FEdit.Text(), Model().CaretPosition());
+  return HeldAtCharacter(FEdit.Text(), Model().CaretPosition());
 }
 
 // --- Messages ---
@@ -180,7 +159,7 @@ float TStyledEdit::GetCharX(std::int32_t index) {
 std::int32_t TStyledEdit::GetCaretPosition(float x) {
   const TRectF rect = FLayout->TextRect();
   const TPointF point{x - ContentRect().Left, (rect.Top + rect.Bottom) / 2};
-  return Held(FEdit.Text(), FLayout->PositionAtPoint(point, false));
+  return HeldAtCharacter(FEdit.Text(), FLayout->PositionAtPoint(point, false));
 }
 
 TRectF TStyledEdit::SelectionRect() {
@@ -195,7 +174,7 @@ TRectF TStyledEdit::SelectionRect() {
 
 void TStyledEdit::MoveTo(std::int32_t position, bool selects) {
   const std::int32_t anchor = Model().HasSelection() ? Model().SelEnd() : Caret();
-  const std::int32_t caret = Held(FEdit.Text(), position);
+  const std::int32_t caret = HeldAtCharacter(FEdit.Text(), position);
   {
     const TModelUpdate update(Model());
     Model().SetCaretPosition(caret);
@@ -245,7 +224,7 @@ void TStyledEdit::Replace(TTextRange range, std::u16string_view inserted) {
   std::u16string valid = Model().Validated(inserted);
   if (Model().MaxLength() > 0) {
     const std::int32_t room = Model().MaxLength() - (LengthOf(text) - range.Length);
-    valid.resize(static_cast<std::size_t>(Held(valid, room)));
+    valid.resize(CutAtCharacter(valid, room).size());
   }
   text.replace(static_cast<std::size_t>(range.Pos), static_cast<std::size_t>(range.Length), valid);
   {
@@ -304,10 +283,10 @@ bool TStyledEdit::MoveByKey(const TKeyEvent& event, bool ctrl) {
       MoveTo(LengthOf(text), selects);
       return true;
     case Keys::Left:
-      MoveTo(ctrl ? GetPrevLexemeBegin(text, Caret()) : Before(text, Caret()), selects);
+      MoveTo(ctrl ? GetPrevLexemeBegin(text, Caret()) : CharacterBefore(text, Caret()), selects);
       return true;
     case Keys::Right:
-      MoveTo(ctrl ? GetNextLexemeBegin(text, Caret()) : Behind(text, Caret()), selects);
+      MoveTo(ctrl ? GetNextLexemeBegin(text, Caret()) : CharacterBehind(text, Caret()), selects);
       return true;
     default:
       return false;
@@ -324,8 +303,8 @@ bool TStyledEdit::DeleteByKey(const TKeyEvent& event, bool ctrl) {
   } else {
     const std::u16string& text = FEdit.Text();
     const std::int32_t caret = Caret();
-    std::int32_t other = back ? Before(text, caret) : Behind(text, caret);
-    if (ctrl) other = Held(text, back ? GetPrevLexemeBegin(text, caret) : GetNextLexemeBegin(text, caret));
+    std::int32_t other = back ? CharacterBefore(text, caret) : CharacterBehind(text, caret);
+    if (ctrl) other = HeldAtCharacter(text, back ? GetPrevLexemeBegin(text, caret) : GetNextLexemeBegin(text, caret));
     Replace({std::min(caret, other), std::abs(caret - other)}, {});
   }
   Typed();

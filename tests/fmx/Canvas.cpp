@@ -312,6 +312,33 @@ TEST(Canvas, WhatCannotBeSeenDoesNotReachTheBackEnd) {
   EXPECT_TRUE(canvas.Calls().empty());
 }
 
+TEST(Canvas, PicturesOutsideOfTheClipDoNotReachTheBackEnd) {
+  const fmx::TBitmap bitmap(4, 4);
+  for (const float scale : {1.0F, 2.0F}) {
+    TRecordingCanvas canvas(200, 200, scale);
+    ASSERT_TRUE(canvas.BeginScene());
+    canvas.SetMatrix(fmx::TMatrix::Translation(100, 10));
+    canvas.IntersectClipRect({0, 0, 20, 20});
+    const auto reaches = [&](float left, float top) {
+      canvas.Forget();
+      canvas.DrawBitmap(bitmap, {0, 0, 4, 4}, fmx::TRectF::FromSize({left, top}, 4, 4), 1);
+      return !canvas.Calls().empty();
+    };
+    EXPECT_TRUE(reaches(8, 8));
+    EXPECT_TRUE(reaches(-3, 8));
+    EXPECT_TRUE(reaches(19, 19));
+    for (const float away : {-6.0F, 22.0F, 1e6F, -1e6F}) {
+      EXPECT_FALSE(reaches(away, 8)) << away;
+      EXPECT_FALSE(reaches(8, away)) << away;
+    }
+    canvas.MultiplyMatrix(fmx::TMatrix::Translation(-50, 0));
+    EXPECT_TRUE(reaches(58, 8)) << "the clip stays where it is";
+    EXPECT_FALSE(reaches(8, 8));
+    canvas.MultiplyMatrix(fmx::TMatrix::Rotation(0.1F));
+    EXPECT_TRUE(reaches(1000, 8)) << "what is turned is left to the back end";
+  }
+}
+
 TEST(Canvas, WhatIsNotFiniteDoesNotReachTheBackEnd) {
   const fmx::TBitmap bitmap(4, 4);
   for (const float bad : {NaN, Infinity, -Infinity}) {

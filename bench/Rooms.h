@@ -17,5 +17,6 @@ void RegisterQuads();        // platform_Quads.cpp
 void RegisterLayouts();      // textlayout_Paragraphs.cpp
 void RegisterHitTests();     // textlayout_HitTests.cpp
 void RegisterDrawing();      // textlayout_Drawing.cpp
+void RegisterEditKeys();     // editing_Keys.cpp
 
 }  // namespace orv::bench

@@ -32,6 +32,7 @@ int main(int argc, char** argv) {
   orv::bench::RegisterLayouts();
   orv::bench::RegisterHitTests();
   orv::bench::RegisterDrawing();
+  orv::bench::RegisterEditKeys();
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();
 }

@@ -2,8 +2,8 @@
 
 #include <hb-ot.h>
 
+#include <QApplication>
 #include <QFontInfo>
-#include <QGuiApplication>
 #include <algorithm>
 #include <cstdlib>
 #include <optional>
@@ -14,8 +14,6 @@
 
 namespace orv::bench {
 
-namespace {
-
 void UseGlyphs() {
   static const bool used = [] {
     TFontGlyphManagerOrv::SetCurrent(std::make_unique<TBackEndFontGlyphManager>(platform::MakeFontGlyphs()));
@@ -24,25 +22,18 @@ void UseGlyphs() {
   static_cast<void>(used);
 }
 
-// Qt has fonts while its application lives; this one needs no screen.
-void StartQt() {
+QFont QtFont() {
   static int count = 1;
   static char name[] = "orv_bench";
   static char* arguments[] = {name, nullptr};
-  static const std::unique_ptr<QGuiApplication> application = [] {
+  static const std::unique_ptr<QApplication> application = [] {
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    return std::make_unique<QGuiApplication>(count, arguments);
+    return std::make_unique<QApplication>(count, arguments);
   }();
-}
-
-QFont QtFont() {
-  StartQt();
   QFont font(QStringLiteral("DejaVu Sans"));
   font.setPixelSize(FontPixels);
   return font;
 }
-
-}  // namespace
 
 TParagraphs::TParagraphs(const TCorpus& corpus) {
   for (const std::u16string_view text : corpus.Paragraphs()) {

@@ -42,6 +42,12 @@ class TParagraphs {
   std::int64_t FUnits = 0;
 };
 
+// From now on the glyphs of the house are those of the installed fonts.
+void UseGlyphs();
+
+// DejaVu Sans of FontPixels. Starts Qt, which has fonts while its application lives, without a screen.
+QFont QtFont();
+
 // An empty layout of the house, its glyphs being those of the benchmarks from now on.
 std::unique_ptr<TTextLayoutNGOrv> MakeLayout(TLines lines);
 

@@ -19,7 +19,9 @@ class ITextInput {
   virtual TTextService* GetTextService() = 0;
   // Where the input method's window belongs, in the coordinates of the root.
   virtual TPointF GetTargetClausePointF() = 0;
+  // A composition begins, which may take the place of what is selected; getting the focus alone begins none.
   virtual void StartIMEInput() = 0;
+  // It has ended: what came of it is typed.
   virtual void EndIMEInput() = 0;
   // The marked text, or its caret, is another one.
   virtual void IMEStateUpdated() = 0;

@@ -1,6 +1,7 @@
 // What the corrections of the box change for the one who types in it: the same steps by the rules, and with one
 // correction in force. Texts show the caret as "|" and the other end of a selection as "^".
 #include <memory>
+#include <random>
 #include <utility>
 #include <vector>
 
@@ -552,6 +553,23 @@ TEST(EditBehaviour, AHandleKeepsOneWholeCharacter) {
   EXPECT_EQ(box.Seen(), u"a|\U0001F600b") << "without a selection there is no handle";
 }
 
+TEST(EditBehaviour, InTextFromTheRightTheLeftHandleIsTheStartsToo) {
+  TBoxInUse box(AllCorrections);
+  box.Show(u"سلام", TTextAlign::Trailing);
+  box.FBox.Paint();
+  box.Model().SetSelStart(1);
+  box.Model().SetSelLength(2);
+  const auto& left = *box.Edit().SelectionPoint(TSelectionPointType::Left);
+  const auto& right = *box.Edit().SelectionPoint(TSelectionPointType::Right);
+  EXPECT_TRUE(left.Visible() && right.Visible());
+  EXPECT_FALSE(box.Edit().AreHandlersCrossed());
+  EXPECT_GT(left.Position().X, right.Position().X) << "the text begins at the right";
+  THandle(box, TSelectionPointType::Left).DragTo(199);
+  EXPECT_EQ(box.Seen(), u"|سلا^م");
+  THandle(box, TSelectionPointType::Right).DragTo(100);
+  EXPECT_EQ(box.Seen(), u"^سلام|");
+}
+
 // --- PasswordKeys ---
 
 TEST(EditBehaviour, NothingIsCutOutOfAPasswordBox) {
@@ -788,6 +806,48 @@ TEST(EditBehaviour, AutomaticDirectionLooksAtEveryText) {
   box.Model().TextSettings().SetHorzAlign(TTextAlign::Leading);
   box.Model().SetText(u"سل");
   EXPECT_EQ(box.Edit().HorizontalAlignment(), TTextAlign::Leading);
+}
+
+// --- Where there is nothing to correct ---
+
+// Steps of a person in Latin letters: keys, presses, drags, the clipboard.
+void StepInLatin(TBoxInUse& box, std::mt19937& random) {
+  const auto below = [&](std::uint32_t n) { return static_cast<std::uint32_t>(random() % n); };
+  constexpr Keys::TCode keys[] = {Keys::Left,   Keys::Right,  Keys::Home, Keys::End, Keys::Backspace,
+                                  Keys::Delete, Keys::Insert, 'A',        'C',       'V',
+                                  'X',          Keys::Return};
+  const float x = static_cast<float>(below(160));
+  switch (below(8)) {
+    case 0:
+    case 1:
+    case 2:
+      return box.Key(keys[below(std::size(keys))], fmx::TShiftState::FromBits(static_cast<std::uint8_t>(below(16))));
+    case 3:
+      return box.Press(x, below(2) == 0 ? Shift : TBoxInUse::None, below(4) == 0);
+    case 4:
+      return box.Move(x);
+    case 5:
+      return box.Release(x);
+    default:
+      if (box.Model().Text().size() < 12) box.Type(std::u16string(1, u"ab c,"[below(5)]));
+  }
+}
+
+TEST(EditBehaviour, LatinTextInAWideBoxIsEditedAsByTheRules) {
+  for (std::uint32_t seed = 0; seed < 60; ++seed) {
+    const auto [byTheRules, corrected] = BothWays(AllCorrections, [&](TBoxInUse& box) {
+      std::mt19937 random(seed);
+      box.Show(u"ab cde", TTextAlign::Leading, 400);
+      std::vector<std::u16string> seen;
+      for (int step = 0; step < 40; ++step) {
+        StepInLatin(box, random);
+        const int place = static_cast<int>(box.Model().Caret().Position().X);
+        seen.push_back(box.Seen() + std::u16string(static_cast<std::size_t>(place) / 5, u'.'));
+      }
+      return seen;
+    });
+    ASSERT_EQ(byTheRules, corrected) << seed;
+  }
 }
 
 }  // namespace

@@ -20,11 +20,14 @@ inline std::int64_t Trunc(double value) {
 // To the nearest whole number, halves to the even one, whatever rounding mode the thread is in. Examples: Round(0.5) is
 // 0, Round(1.5) and Round(2.5) are 2, Round(-0.5) is 0.
 inline std::int64_t Round(double value) {
-  const double below = std::floor(value);
-  const double rest = value - below;
-  if (rest < 0.5) return Trunc(below);
-  if (rest > 0.5) return Trunc(below + 1);
-  return Trunc(std::fmod(below, 2) == 0 ? below : below + 1);  // infinities come here: their rest is no number
+  constexpr double allWhole = 4503599627370496.0;  // 2 to the 52nd: from there on there are no fractions
+  if (!(std::fabs(value) < allWhole)) return Trunc(value);
+  const auto whole = static_cast<std::int64_t>(value);
+  const double rest = value - static_cast<double>(whole);  // of the value's sign
+  const bool isOdd = (whole & 1) != 0;
+  if (rest > 0.5 || (rest == 0.5 && isOdd)) return whole + 1;
+  if (rest < -0.5 || (rest == -0.5 && isOdd)) return whole - 1;
+  return whole;
 }
 
 // Whole numbers that do not fit stay at the end of what does.

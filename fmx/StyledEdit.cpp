@@ -6,6 +6,7 @@
 
 #include "fmx/EditText.h"
 #include "fmx/GPUTextLayout.h"
+#include "fmx/Menu.h"
 #include "fmx/Style.h"
 #include "fmx/TextLayoutManager.h"
 #include "fmx/TextWords.h"
@@ -359,6 +360,12 @@ void TStyledEdit::MouseMove(const TMouseEvent& event) {
 void TStyledEdit::MouseUp(const TMouseEvent& event) {
   TStyledPresentation::MouseUp(event);
   FSelecting = false;
+}
+
+bool TStyledEdit::ShowContextMenu(TPointF point) {
+  if (FEdit.PopupMenu == nullptr || IsDesigning()) return false;
+  FEdit.PopupMenu->Popup(Saturated(Round(point.X)), Saturated(Round(point.Y)));
+  return true;
 }
 
 void TStyledEdit::DoEnter() {

@@ -41,6 +41,8 @@ class TStyledEdit : public TStyledPresentation {
   void MouseDown(const TMouseEvent& event) override;
   void MouseMove(const TMouseEvent& event) override;
   void MouseUp(const TMouseEvent& event) override;
+  // The application's menu; there is none of its own.
+  bool ShowContextMenu(TPointF point) override;
 
  protected:
   void ApplyStyle() override;

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <limits>
 #include <random>
 
 #include "fmx/CanvasManager.h"
@@ -11,6 +12,7 @@
 #include "fmx/FixedGlyphs.h"
 #include "fmx/Form.h"
 #include "fmx/GPUTextLayout.h"
+#include "fmx/Menu.h"
 #include "fmx/RecordingCanvas.h"
 #include "fmx/Services.h"
 #include "fmx/Style.h"
@@ -370,6 +372,26 @@ TEST_F(StyledEdit, TheOwnerHearsOfTypingAndOfTheEnd) {
   EXPECT_FALSE(Model().Caret().IsShown());
   FEdit->SetFocus();
   EXPECT_EQ(Seen(), u"^a|") << "entering selects all";
+}
+
+TEST_F(StyledEdit, AMenuOfTheApplicationsOpensOverIt) {
+  class TMenus : public fmx::IMenuService {
+   public:
+    void Popup(fmx::TPopupMenu& menu, std::int32_t x, std::int32_t y) override {
+      Shown = &menu;
+      At = {x, y};
+    }
+    fmx::TPopupMenu* Shown = nullptr;
+    fmx::TPoint At;
+  };
+  const auto menus = std::make_shared<TMenus>();
+  fmx::TPlatformServices::Current()->AddPlatformService(fmx::IMenuService::Guid, menus);
+  EXPECT_FALSE(FEdit->ShowContextMenu({5, 5})) << "it has none of its own";
+  fmx::TPopupMenu own;
+  FEdit->PopupMenu = &own;
+  EXPECT_TRUE(FEdit->ShowContextMenu({4.6F, 1e30F}));
+  EXPECT_EQ(menus->Shown, &own);
+  EXPECT_EQ(menus->At, (fmx::TPoint{5, std::numeric_limits<std::int32_t>::max()}));
 }
 
 TEST_F(StyledEdit, ButtonsTakeRoomFromTheRightEnd) {

@@ -416,6 +416,28 @@ TEST_F(StyledEdit, AStyleWithoutPartsIsABareBox) {
   fmx::TStyleManager::Register("bare", nullptr);
 }
 
+TEST_F(StyledEdit, NumbersOutsideOfTheTextAreHeldWhereTheyAreUsed) {
+  constexpr std::int32_t numbers[] = {std::numeric_limits<std::int32_t>::min(), -1, 0, 2, 99,
+                                      std::numeric_limits<std::int32_t>::max()};
+  for (const std::u16string_view text : {u"", u"abc", u"a\nb\r\n\xDC00\xD800\xD800\xDC00"})
+    for (const std::int32_t start : numbers)
+      for (const std::int32_t length : numbers) {
+        Show(text, start);
+        Model().SetSelStart(start);
+        Model().SetSelLength(length);
+        Painted(TKind::FillRect);
+        Key(Keys::Right, Shift);
+        Mouse(&fmx::TEdit::MouseDown, 1e30F, Shift);
+        Mouse(&fmx::TEdit::MouseMove, std::numeric_limits<float>::quiet_NaN());
+        Mouse(&fmx::TEdit::MouseUp, 0);
+        Type(u"x");
+        EXPECT_EQ(FEdit->Text().substr(static_cast<std::size_t>(Model().CaretPosition()) - 1, 1), u"x");
+        Key(Keys::Backspace, Ctrl);
+        EXPECT_GE(Model().CaretPosition(), 0);
+        EXPECT_LE(Model().CaretPosition(), static_cast<std::int32_t>(FEdit->Text().size()));
+      }
+}
+
 // Whatever is done to it, the caret stays in the text and out of pairs, and the text is what a plain string would be.
 TEST_F(StyledEdit, AMonkeyLeavesTheTextAsAPlainModelHasIt) {
   std::mt19937 random(7);

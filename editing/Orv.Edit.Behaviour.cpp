@@ -52,7 +52,7 @@ std::int32_t TOrvStyledEdit::Held(std::int32_t position) const {
 }
 
 std::int32_t TOrvStyledEdit::HitPosition(float x) {
-  const std::int32_t hit = FView.GetCaretPosition(x);
+  const std::int32_t hit = View().GetCaretPosition(x);
   return Corrects(TOrvCorrection::InsertRoom) ? fmx::HeldAtCharacter(GetText(), hit) : hit;
 }
 
@@ -71,7 +71,7 @@ void TOrvStyledEdit::DropWaitingHalf() {
 
 void TOrvStyledEdit::PlaceCaretAnew() {
   if (!Corrects(TOrvCorrection::FreshCaret)) return;
-  FView.UpdateFirstVisibleChar();
+  View().UpdateFirstVisibleChar();
   UpdateSelectionPointPositions();
   UpdateCaretPosition();
   RepaintEdit();
@@ -147,13 +147,11 @@ void TOrvStyledEdit::PlaceHandles() {
   const fmx::TRectF content = ContentRect();
   const float bottom = GetSelRect().Bottom;
   const float reach = 2 * FLeftSelPt->GripSize();
-  // A view that scrolls by characters puts carets that have scrolled away at its edge.
-  const std::int32_t first = Corrects(TOrvCorrection::PixelScroll) ? 0 : FView.FirstVisibleChar() - 1;
   const auto place = [&](fmx::TSelectionPoint& point, std::int32_t position, float y) {
-    const float x = FView.GetCharX(position);
-    const bool isInView = position >= first && x >= content.Left && x <= content.Right;
+    const float x = View().GetCharX(position);
+    const bool isInView = View().HasPlaceFor(position) && x >= content.Left && x <= content.Right;
     point.SetVisible(selection.Length > 0 && IsFocused() && isInView);
-    point.SetPosition({x, y});
+    point.SetPosition({View().ToBox(x), y});
   };
   place(*FLeftSelPt, selection.Pos, bottom - reach);
   place(*FRightSelPt, selection.Pos + selection.Length, bottom + reach);
@@ -177,7 +175,7 @@ void TOrvStyledEdit::DragEnd(float& x, float& y, TSelectionPointType type) {
     Model().SetSelStart(caret);
     Model().SetSelLength((isLeft ? end : start) - caret);
   }
-  x = FView.GetCharX(caret);
+  x = View().ToBox(View().GetCharX(caret));
   y = (isLeft ? FLeftSelPt : FRightSelPt)->Position().Y;
   UpdateSelectionPointPositions();
   SetLoupePosition(type);
@@ -187,9 +185,9 @@ void TOrvStyledEdit::DragEnd(float& x, float& y, TSelectionPointType type) {
 
 void TOrvStyledEdit::SettleText() {
   const std::u16string text = GetText();
-  FTextLayout->SetText(text);
+  View().TakeText(text);
   StoreText(text, TStoring::AsItComes);
-  FView.UpdateFirstVisibleChar();
+  View().UpdateFirstVisibleChar();
   ShowPrompt();
   // Where the composition began by the rules, the caret may stand in it.
   if (GetOriginCaretPosition() > LengthOf(text))

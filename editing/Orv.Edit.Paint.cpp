@@ -141,7 +141,7 @@ void TOrvStyledEdit::RealignContent() {
     FContent->SetBounds(left + leftWidth, top, width, height);
     if (FPrompt != nullptr) FPrompt->SetBounds(left + leftWidth, top, width, height);
     FTextLayout->SetTopLeft(ContentRect().TopLeft());
-    UpdateLayoutSize();
+    View().UpdateLayoutSize();
   }
   SetDisableAlign(wasDisabled);
 }
@@ -158,23 +158,13 @@ void TOrvStyledEdit::RealignButtonsContainer() {
   buttons.SetBounds(origin.X, origin.Y, width, Height());
 }
 
-void TOrvStyledEdit::UpdateLayoutSize() {
-  fmx::TPointF size = fmx::TTextLayout::MaxLayoutSize;
-  const fmx::TRectF content = ContentRect();
-  if (HorizontalAlignment() != fmx::TTextAlign::Leading) size.X = content.Width();
-  if (ResultingSettings().VertAlign() != fmx::TTextAlign::Leading) size.Y = content.Height();
-  FTextLayout->SetMaxSize(size);
-}
-
 void TOrvStyledEdit::UpdateTextLayout() {
   UpdatePromptTextSettings();
   FTextLayout->BeginUpdate();
-  FTextLayout->SetHorizontalAlign(HorizontalAlignment());
   FTextLayout->SetVerticalAlign(ResultingSettings().VertAlign());
   FTextLayout->SetFont(ResultingSettings().Font());
   FTextLayout->SetTopLeft(ContentRect().TopLeft());
-  FTextLayout->SetRightToLeft(IsRightToLeft());
-  UpdateLayoutSize();
+  View().SetUpLayout();
   FTextLayout->EndUpdate();
   UpdateTextHeight();
 }
@@ -221,54 +211,30 @@ void TOrvStyledEdit::DoContentPaint(fmx::TCanvas& canvas, const fmx::TRectF& rec
     PaintSpelling(canvas);
 }
 
-fmx::TSingleLineDrawing TOrvStyledEdit::SingleLine() const {
+fmx::TSingleLineDrawing TOrvStyledEdit::SingleLine() {
   fmx::TSingleLineDrawing drawing;
-  const fmx::TRectF content = ContentRect();
-  drawing.Rect = content.Offset(-content.Left, -content.Top).Inset(ContentPadding());
-  drawing.FirstVisibleChar = FView.FirstVisibleChar();
   drawing.Font = &ResultingSettings().Font();
   drawing.Opacity = AbsoluteOpacity();
   if (fmx::GlobalUseGPUCanvas && HorizontalAlignment() == fmx::TTextAlign::Trailing)
     drawing.Flags.Include(fmx::TFillTextFlag::RightToLeft);
-  drawing.HorzAlign = HorizontalAlignment();
   drawing.VertAlign = ResultingSettings().VertAlign();
+  View().SetUpDrawing(drawing);
   return drawing;
 }
 
 void TOrvStyledEdit::PaintText(fmx::TCanvas& canvas) {
   FillTextFlags();  // the direction follows the alignment at each paint
-  FTextService->DrawSingleLine(canvas, SingleLine());
-  if (FTextLayout->ClassName() != "TTextLayoutNGOrv") return;
-  auto& layout = static_cast<TTextLayoutNGOrv&>(*FTextLayout);
-  if (layout.Scale() != canvas.Scale()) layout.SetScale(canvas.Scale());
-}
-
-std::vector<fmx::TRectF> TOrvStyledEdit::PasswordDots() const {
-  std::vector<fmx::TRectF> dots;
-  if (!Model().Password()) return dots;
-  const fmx::TRectF content = ContentRect();
-  const float cell = GetPasswordCharWidth();
-  fmx::TRectF dot = content.Offset(-content.Left, -content.Top).Inset(ContentPadding());
-  dot.Right = dot.Left + cell - 1;
-  dot.Top = FLineTop - content.Top + (FLineHeight - dot.Width()) / 2;
-  dot.Bottom = dot.Top + dot.Width();
-  const auto length = static_cast<std::int32_t>(GetText().size());
-  const float room = FView.PaddedWidth() - static_cast<float>(length) * cell;
-  if (room > 0) {
-    if (HorizontalAlignment() == fmx::TTextAlign::Center) dot = dot.Offset(room / 2, 0);
-    if (HorizontalAlignment() == fmx::TTextAlign::Trailing) dot = dot.Offset(room, 0);
-  }
-  for (std::int32_t i = FView.FirstVisibleChar(); i <= length; ++i) {
-    dots.push_back(dot);
-    dot = dot.Offset(dot.Width() + 1, 0);
-  }
-  return dots;
+  if (View().DrawText(*FTextService, canvas, SingleLine())) UpdateCaretPosition();
 }
 
 fmx::TRegion TOrvStyledEdit::SelectionFillRects() {
   if (!IsFocused() || !Model().HasSelection()) return {};
   const fmx::TPointF corner = ContentRect().TopLeft();
-  return {GetSelRect().Offset(-corner.X, -corner.Y).Normalized()};
+  const fmx::TRectF whole = GetSelRect().Offset(-corner.X, -corner.Y).Normalized();
+  if (Model().Password() || !TOrvGlobalSettings::Corrections.Contains(TOrvCorrection::SelectionRegions)) return {whole};
+  fmx::TRegion filled = View().CharacterBoxes(SelectedRange());
+  for (fmx::TRectF& box : filled) box = {box.Left - corner.X, whole.Top, box.Right - corner.X, whole.Bottom};
+  return filled;
 }
 
 void TOrvStyledEdit::PaintSelection(fmx::TCanvas& canvas) {
@@ -278,7 +244,8 @@ void TOrvStyledEdit::PaintSelection(fmx::TCanvas& canvas) {
   if (filled.empty() || FLeftSelPt == nullptr || FRightSelPt == nullptr) return;
   FCursorFill.SetColor(Model().Caret().GetFlasher().GetColor());
   const float half = GetFlasherWidth() / 2;
-  const fmx::TRectF ends = filled.front();
+  const fmx::TPointF corner = ContentRect().TopLeft();
+  const fmx::TRectF ends = GetSelRect().Offset(-corner.X, -corner.Y).Normalized();
   for (const float x : {ends.Left, ends.Right})
     canvas.FillRect({x - half, ends.Top, x + half, ends.Bottom}, AbsoluteOpacity(), FCursorFill);
 }
@@ -286,17 +253,14 @@ void TOrvStyledEdit::PaintSelection(fmx::TCanvas& canvas) {
 void TOrvStyledEdit::PaintSpelling(fmx::TCanvas& canvas) {
   if (FUpdateSpelling) FindMisspeltWords();
   if (!FSpellingRegions.empty()) {
-    float shift = 0;
-    if (FView.FirstVisibleChar() >= 2) {
-      const fmx::TRegion first = FTextLayout->RegionForRange({FView.FirstVisibleChar() - 1, 1});
-      if (!first.empty()) shift = first.front().Left;
-    }
+    const float shift = View().SpellingShift();
     for (const fmx::TRectF& region : FSpellingRegions)
       canvas.DrawLine({region.Left - shift, region.Bottom}, {region.Right - shift, region.Bottom}, AbsoluteOpacity(),
                       FSpellUnderlineBrush);
   }
   if (!FSpellHightlightRect.IsEmpty())
-    canvas.FillRect(FSpellHightlightRect, 0, 0, fmx::AllCorners, HighlightOpacity, FSpellFill);
+    canvas.FillRect(FSpellHightlightRect.Offset(-View().LayoutShift(), 0), 0, 0, fmx::AllCorners, HighlightOpacity,
+                    FSpellFill);
 }
 
 }  // namespace orv

@@ -146,18 +146,23 @@ void TOrvStyledEdit::DoExit() {
 
 // --- Selection ---
 
-fmx::TRectF TOrvStyledEdit::GetSelRect(bool& swapped) {
-  fmx::TRectF rect = ContentRect();
-  rect.Top = std::trunc(FLineTop);
-  rect.Bottom = rect.Top + FLineHeight;
+fmx::TTextRange TOrvStyledEdit::SelectedRange() const {
   const std::int32_t start = Model().SelStart();
   // Marked text before the selection moves it.
   const std::int32_t shift =
       start < GetOriginCaretPosition() ? 0 : LengthOf(GetText()) - LengthOf(FTextService->Text());
   const std::int32_t a = fmx::SaturatedSum(start, shift);
   const std::int32_t b = fmx::SaturatedSum(Model().SelEnd(), shift);
-  rect.Left = FView.GetCharX(std::min(a, b));
-  rect.Right = FView.GetCharX(std::max(a, b));
+  return {std::min(a, b), fmx::SaturatedDifference(std::max(a, b), std::min(a, b))};
+}
+
+fmx::TRectF TOrvStyledEdit::GetSelRect(bool& swapped) {
+  fmx::TRectF rect = ContentRect();
+  rect.Top = std::trunc(FLineTop);
+  rect.Bottom = rect.Top + FLineHeight;
+  const fmx::TTextRange selected = SelectedRange();
+  rect.Left = View().GetCharX(selected.Pos);
+  rect.Right = View().GetCharX(fmx::SaturatedSum(selected.Pos, selected.Length));
   swapped = rect.Right > rect.Left;
   if (swapped) std::swap(rect.Left, rect.Right);
   return rect;
@@ -183,8 +188,8 @@ void TOrvStyledEdit::UpdateSelectionPointPositions() {
   if (Corrects(TOrvCorrection::Handles)) return PlaceHandles();
   const std::int32_t start = Model().SelStart();
   const std::int32_t length = Model().SelLength();
-  FLeftSelPt->SetVisible(length >= 1 && IsFocused() && start >= FView.FirstVisibleChar() - 1);
-  FRightSelPt->SetVisible(length > 0 && IsFocused() && FView.GetCharX(Model().SelEnd()) < ContentRect().Right);
+  FLeftSelPt->SetVisible(length >= 1 && IsFocused() && start >= View().FirstVisibleChar() - 1);
+  FRightSelPt->SetVisible(length > 0 && IsFocused() && View().GetCharX(Model().SelEnd()) < ContentRect().Right);
   bool swapped = false;
   const fmx::TRectF rect = GetSelRect(swapped);
   const float reach = 2 * FLeftSelPt->GripSize();
@@ -226,14 +231,14 @@ void TOrvStyledEdit::DragEdge(float& x, float& y, TSelectionPointType type) {
       // One character stays selected.
       const std::int32_t last = fmx::SaturatedDifference(end, 1);
       y = FLeftSelPt->Position().Y;
-      x = FView.GetCharX(std::min(position, last));
+      x = View().GetCharX(std::min(position, last));
       Model().SetSelStart(std::min(position, last));
       Model().SetSelLength(position < last ? fmx::SaturatedDifference(end, position) : 1);
     } else {
       const std::int32_t first = fmx::SaturatedSum(start, 1);
       const std::int32_t reached = fmx::SaturatedDifference(position, start);
       y = FRightSelPt->Position().Y;
-      x = FView.GetCharX(std::max(position, first));
+      x = View().GetCharX(std::max(position, first));
       Model().SetSelStart(start);
       Model().SetSelLength(first < position ? reached : 1);
     }
@@ -300,7 +305,7 @@ void TOrvStyledEdit::IMEStateUpdated() {
   if (RefusesComposition()) return;
   if (FTextService->HasMarkedText()) MakeRoomForComposition();
   const std::u16string text = GetText();
-  FTextLayout->SetText(text);
+  View().TakeText(text);
   SetCaretPosition(GetOriginCaretPosition());
   StoreText(text, TStoring::AsItComes);
   ShowPrompt();
@@ -321,9 +326,7 @@ fmx::TPointF TOrvStyledEdit::GetTargetClausePointF() {
     const fmx::TPointF corner = FContent != nullptr ? FContent->Position() : fmx::TPointF{};
     return LocalToAbsolute(corner + fmx::TPointF{CaretPlace(), below});
   }
-  const std::int32_t before = std::clamp(GetCaretPosition(), 0, LengthOf(GetText()));
-  const std::int32_t shown = std::max(before - std::max(FView.FirstVisibleChar() - 1, 0), 0);
-  return LocalToAbsolute(ContentRect().TopLeft() + fmx::TPointF{FView.TextWidth(0, shown), below});
+  return LocalToAbsolute(ContentRect().TopLeft() + fmx::TPointF{View().TargetClauseX(), below});
 }
 
 }  // namespace orv

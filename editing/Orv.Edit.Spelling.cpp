@@ -174,11 +174,12 @@ void TOrvStyledEdit::ForgetSpellMenuItems() {
 
 void TOrvStyledEdit::UpdateSpellPopupMenu(fmx::TPointF point) {
   ForgetSpellMenuItems();
+  const fmx::TPointF place = View().ToLayout(point);
   const bool isMarked = std::any_of(FSpellingRegions.begin(), FSpellingRegions.end(),
-                                    [&](const fmx::TRectF& region) { return region.Contains(point); });
+                                    [&](const fmx::TRectF& region) { return region.Contains(place); });
   if (!isMarked) return;
   const std::u16string text = GetText();
-  const std::int32_t position = FTextLayout->PositionAtPoint(point, false);
+  const std::int32_t position = FTextLayout->PositionAtPoint(place, false);
   const auto word = position >= 0 ? fmx::FindWordBound(text, position, Model().WordRule()) : std::nullopt;
   if (!word) return;
   const auto add = [this](std::u16string_view caption) -> fmx::TMenuItem& {

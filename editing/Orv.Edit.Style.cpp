@@ -42,7 +42,6 @@ TOrvStyledEdit::TOrvStyledEdit(fmx::TPresentedControl& control)
       FEdit(AsEdit(control)),
       FTextService(fmx::TTextService::NewDefault(false)),
       FTextLayout(NewDefaultLayout()),
-      FView(*this),
       FLoupeService(fmx::FindService<fmx::ILoupeService>()),
       FClipboardSvc(fmx::FindService<fmx::IFMXClipboardService>()) {
   SetInteractiveGestures(InteractiveGestures() + fmx::TInteractiveGestures{fmx::TInteractiveGesture::LongTap,
@@ -85,16 +84,37 @@ fmx::TFillTextFlags TOrvStyledEdit::FillTextFlags() {
   return IsRightToLeft() ? fmx::TFillTextFlags{fmx::TFillTextFlag::RightToLeft} : fmx::TFillTextFlags{};
 }
 
+bool TOrvStyledEdit::IsFormRightToLeft() const {
+  const fmx::IRoot* const root = Root();
+  return root != nullptr && root->GetBiDiMode() != fmx::TBiDiMode::LeftToRight;
+}
+
 void TOrvStyledEdit::UpdateDirection(std::u16string_view text) {
   fmx::TTextSettings& settings = Model().TextSettings();
   if (!FAutoDirection || settings.HorzAlign() == fmx::TTextAlign::Center) return;
-  const fmx::IRoot* const root = Root();
-  const bool rootRightToLeft = root != nullptr && root->GetBiDiMode() != fmx::TBiDiMode::LeftToRight;
-  const bool rightToLeft = TDirectiveChars::IsRTLText(text, rootRightToLeft);
+  const bool rightToLeft = TDirectiveChars::IsRTLText(text, IsFormRightToLeft());
   settings.SetHorzAlign(rightToLeft ? fmx::TTextAlign::Trailing : fmx::TTextAlign::Leading);
 }
 
 // --- Places ---
+
+TOrvEditView& TOrvStyledEdit::View() {
+  if (FView == nullptr || FViewCorrections != TOrvGlobalSettings::Corrections) PickView();
+  return *FView;
+}
+
+// The layout was made by the corrections that were in force.
+void TOrvStyledEdit::PickView() {
+  const bool isFirst = FView == nullptr;
+  FViewCorrections = TOrvGlobalSettings::Corrections;
+  FView = TOrvEditView::For(*this);
+  if (isFirst) return;
+  FTextLayout = NewDefaultLayout();
+  FTextLayout->SetText(GetText());
+  UpdateTextLayout();
+  FView->UpdateFirstVisibleChar();
+  UpdateSpelling();
+}
 
 fmx::TRectF TOrvStyledEdit::ContentRect() const {
   return FContent != nullptr ? FContent->LocalRect() : LocalRect();
@@ -122,7 +142,7 @@ void TOrvStyledEdit::SetCaretPosition(std::int32_t value) {
   const std::int32_t position = Held(value);
   FTextService->SetMarkedTextPosition({position, 0});
   FTextService->SetCaretPosition({position, 0});
-  FView.UpdateFirstVisibleChar();
+  View().UpdateFirstVisibleChar();
   {
     const fmx::TModelUpdate update(Model());
     Model().SetCaretPosition(position);
@@ -135,7 +155,7 @@ void TOrvStyledEdit::SetCaretPosition(std::int32_t value) {
 
 // Within the content.
 float TOrvStyledEdit::CaretPlace() {
-  const float place = FView.GetCharX(FTextService->HasMarkedText() ? GetCaretPosition() : GetOriginCaretPosition());
+  const float place = View().GetCharX(FTextService->HasMarkedText() ? GetCaretPosition() : GetOriginCaretPosition());
   return std::max(0.0F, std::min(place, ContentRect().Right - Model().Caret().Width() + 1));
 }
 
@@ -163,7 +183,7 @@ void TOrvStyledEdit::SetTextInternal(std::u16string_view text) {
   StoreText(text, TStoring::AsRest);
   // The model may have left some of it out.
   FTextService->SetText(Model().Text());
-  FTextLayout->SetText(Model().Text());
+  View().TakeText(Model().Text());
   if (FPrompt != nullptr)
     ShowPrompt();
   else
@@ -272,9 +292,9 @@ void TOrvStyledEdit::TextChanged(std::u16string_view text) {
   if (leaves) FTextService->SetMarkedText({}, 0);
   if (wasKnown && !leaves) return;
   if (isApplications && Corrects(TOrvCorrection::AutoDirectionAlways)) UpdateDirection(text);
-  FTextLayout->SetText(text);
+  View().TakeText(text);
   FTextService->SetText(text);
-  FView.UpdateFirstVisibleChar();
+  View().UpdateFirstVisibleChar();
   if (isApplications && Corrects(TOrvCorrection::FreshCaret))
     SelectNothingAt(GetOriginCaretPosition());
   else if (GetOriginCaretPosition() > LengthOf(text))
@@ -317,7 +337,7 @@ void TOrvStyledEdit::Init() {
   TakeFormerText();
   const std::u16string& text = Model().Text();
   FTextService->SetMaxLength(Model().MaxLength());
-  FTextLayout->SetText(text);
+  View().TakeText(text);
   FTextService->SetText(text);
   if (GetOriginCaretPosition() > LengthOf(GetText())) SetCaretPosition(LengthOf(GetText()));
   ShowPrompt();

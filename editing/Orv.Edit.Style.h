@@ -16,6 +16,7 @@
 #include "fmx/Services.h"
 #include "fmx/Style.h"
 #include "fmx/TextInput.h"
+#include "unicode/OrvSystem.GlobalSettings.h"
 
 namespace orv {
 
@@ -26,8 +27,9 @@ enum class TSelectionMode : std::uint8_t { None = 0, Selecting = 1, PlacingCaret
 enum class TSelectionPointType : std::uint8_t { Left, Right };
 
 // Moves the caret by positions in the text, never by places along the line. The paragraph direction follows the
-// horizontal alignment: trailing text reads from the right. A selection is one rectangle between two carets. Positions
-// are UTF-16 code units, lengths logical units in the coordinates of the content. Main thread.
+// horizontal alignment: trailing text reads from the right. A selection is one rectangle between two carets, or those
+// of the characters that it holds (TOrvCorrection::SelectionRegions). Positions are UTF-16 code units, lengths logical
+// units in the coordinates of the content. Main thread.
 class TOrvStyledEdit : public fmx::TStyledPresentation,
                        public fmx::ITextInput,
                        public fmx::ITextSpellCheck,
@@ -44,7 +46,7 @@ class TOrvStyledEdit : public fmx::TStyledPresentation,
 
   // --- Direction ---
 
-  bool IsRightToLeft() const;
+  bool IsRightToLeft() const override;
   fmx::TBiDiMode BidiMode() const { return FBidiMode; }
   // Holds until the next paint takes it from the alignment again.
   void SetBidiMode(fmx::TBiDiMode mode);
@@ -72,18 +74,19 @@ class TOrvStyledEdit : public fmx::TStyledPresentation,
 
   fmx::TRectF ContentRect() const override;
   fmx::TTextAlign HorizontalAlignment() const override;
-  float LineTop() const { return FLineTop; }
-  float LineHeight() const { return FLineHeight; }
-  TOrvEditView& View() { return FView; }
+  float LineTop() const override { return FLineTop; }
+  float LineHeight() const override { return FLineHeight; }
+  // How the box sees its text, by the corrections in force. The reference holds until others are.
+  TOrvEditView& View();
   // Stored reversed: Left is the right edge and Right the left one. swapped: the selection runs from left to right.
   fmx::TRectF GetSelRect(bool& swapped);
   fmx::TRectF GetSelRect() override;
   // What a paint fills for the selection, in the content's coordinates; empty without the focus or a selection.
   fmx::TRegion SelectionFillRects();
   // How a paint would draw the text in the content now, the direction taken from the alignment.
-  fmx::TSingleLineDrawing SingleLine() const;
+  fmx::TSingleLineDrawing SingleLine();
   // A square for each dot in the box.
-  std::vector<fmx::TRectF> PasswordDots() const;
+  std::vector<fmx::TRectF> PasswordDots() { return View().PasswordDots(); }
   TSelectionMode SelectionMode() const { return FSelectionMode; }
   fmx::TSelectionPoint* SelectionPoint(TSelectionPointType type) const {
     return type == TSelectionPointType::Left ? FLeftSelPt : FRightSelPt;
@@ -161,6 +164,10 @@ class TOrvStyledEdit : public fmx::TStyledPresentation,
   // IEditBox
   bool HasContent() const override { return FContent != nullptr; }
   fmx::TBounds ContentPadding() const override;
+  float ContentLeft() const override { return FContent != nullptr ? FContent->Position().X : 0; }
+  fmx::TTextAlign VerticalAlignment() const override { return ResultingSettings().VertAlign(); }
+  bool IsFormRightToLeft() const override;
+  bool IsPointed() const override { return Pressed() || FSelectionMode != TSelectionMode::None; }
   bool IsPassword() const override { return Model().Password(); }
   float GetPasswordCharWidth() const override;
   float GetFlasherWidth() const override;
@@ -231,6 +238,8 @@ class TOrvStyledEdit : public fmx::TStyledPresentation,
   void TypeCharacter(char16_t c);
 
   // Pointer
+  // In the whole text.
+  fmx::TTextRange SelectedRange() const;
   std::int32_t DragPosition(float x);
   void BeginSelection();
   void EndSelection();
@@ -253,8 +262,8 @@ class TOrvStyledEdit : public fmx::TStyledPresentation,
   void PaintSelection(fmx::TCanvas& canvas);
   void PaintSpelling(fmx::TCanvas& canvas);
   void UpdateTextHeight();
-  void UpdateLayoutSize();
   void UpdateTextLayout();
+  void PickView();
   void UpdatePromptTextSettings();
   void TakeStyle(fmx::TTextSettings& settings);
 
@@ -268,7 +277,8 @@ class TOrvStyledEdit : public fmx::TStyledPresentation,
   fmx::TCustomEdit& FEdit;
   std::unique_ptr<fmx::TTextService> FTextService;
   std::unique_ptr<fmx::TTextLayout> FTextLayout;
-  TOrvEditView FView;
+  std::unique_ptr<TOrvEditView> FView;
+  TOrvCorrections FViewCorrections;  // that it was picked for
   TSelectionMode FSelectionMode = TSelectionMode::None;
   fmx::TBrush FCursorFill{fmx::TAlphaColors::Black};
   // Of the style; borrowed.

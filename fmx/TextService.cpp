@@ -83,9 +83,10 @@ TPoint TTextService::DoTargetClausePosition() const {
 
 // --- Drawing ---
 
-TTextLayout* TTextService::LayoutFor(TCanvas& canvas) {
+TTextLayout* TTextService::LayoutFor(TCanvas& canvas, const TSingleLineDrawing& drawing) {
   const orv::TClass wanted = TTextLayoutManager::TextLayoutByCanvas(canvas.ClassType());
   if (wanted == nullptr) return nullptr;
+  if (drawing.Layout != nullptr && drawing.Layout->ClassType() == wanted) return drawing.Layout;
   if (FLayout == nullptr || FLayout->ClassType() != wanted) FLayout = TTextLayout::New(wanted);
   return FLayout.get();
 }
@@ -96,9 +97,18 @@ void TTextService::DoDrawSingleLine(TCanvas& canvas, const TSingleLineDrawing& d
 }
 
 void TTextService::DoDrawSingleLineText(TCanvas& canvas, std::u16string_view text, const TSingleLineDrawing& drawing) {
-  TTextLayout* const found = LayoutFor(canvas);
+  TTextLayout* const found = LayoutFor(canvas, drawing);
   if (found == nullptr) return;
   TTextLayout& layout = *found;
+  if (found == drawing.Layout) {
+    const TPointF place = layout.TopLeft();
+    layout.SetTopLeft(drawing.Rect.TopLeft());
+    layout.SetColor(canvas.Fill().Color());
+    layout.SetOpacity(drawing.Opacity);
+    DrawLayout(canvas, layout, drawing);
+    layout.SetTopLeft(place);
+    return;
+  }
   layout.BeginUpdate();
   layout.SetText(text);
   layout.SetFont(drawing.Font != nullptr ? *drawing.Font : canvas.Font());
@@ -110,13 +120,18 @@ void TTextService::DoDrawSingleLineText(TCanvas& canvas, std::u16string_view tex
   layout.SetTopLeft(drawing.Rect.TopLeft());
   layout.SetMaxSize({drawing.Rect.Width(), drawing.Rect.Height()});
   layout.SetRightToLeft(drawing.Flags.Contains(TFillTextFlag::RightToLeft));
+  if (drawing.SetUp) drawing.SetUp(layout);
   layout.EndUpdate();
+  DrawLayout(canvas, layout, drawing);
+}
+
+void TTextService::DrawLayout(TCanvas& canvas, TTextLayout& layout, const TSingleLineDrawing& drawing) {
   const TCanvasStateGuard guard(canvas);
   canvas.IntersectClipRect(drawing.Rect);
   layout.RenderLayout(canvas);
   if (!HasMarkedText()) return;
   const auto marked = static_cast<std::int32_t>(MarkedText().size());
-  const auto shown = static_cast<std::int32_t>(text.size());
+  const auto shown = static_cast<std::int32_t>(layout.Text().size());
   const std::int32_t base = std::min(CaretPosition().X - std::max(drawing.FirstVisibleChar - 1, 0), shown - marked);
   DrawCompositionLines(canvas, layout, base, MarkedTextAttributes());
 }

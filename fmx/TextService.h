@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -42,6 +43,11 @@ struct TSingleLineDrawing {
   TTextAlign HorzAlign = TTextAlign::Leading;
   TTextAlign VertAlign = TTextAlign::Center;
   bool WordWrap = false;
+  // Holds the text, laid out for that rectangle: it draws where the canvas takes layouts of its class, so that what is
+  // seen is what it measures. Borrowed; null for a layout of the service's own.
+  TTextLayout* Layout = nullptr;
+  // What a layout of the service's own is to be told before it lays the text out; may be empty.
+  std::function<void(TTextLayout&)> SetUp;
 };
 
 // Positions are UTF-16 code units of the text without the marked text, where nothing else is said; as a point X is the
@@ -144,6 +150,9 @@ class TTextService : public orv::TRewritableObject {
     Call<TSlots::DrawSingleLineText>(canvas, text, drawing);
   }
 
+  // The layout that this drawing on the canvas is done with; null where none is registered for the canvas.
+  TTextLayout* LayoutFor(TCanvas& canvas, const TSingleLineDrawing& drawing);
+
  private:
   std::u16string DoGetText() const { return FText; }
   void DoSetText(std::u16string_view text) { FText = text; }
@@ -166,8 +175,7 @@ class TTextService : public orv::TRewritableObject {
   void DoEndSelection() { FIsSelecting = false; }
   void DoDrawSingleLine(TCanvas& canvas, const TSingleLineDrawing& drawing);
   void DoDrawSingleLineText(TCanvas& canvas, std::u16string_view text, const TSingleLineDrawing& drawing);
-  // Null where no layout is registered for the canvas.
-  TTextLayout* LayoutFor(TCanvas& canvas);
+  void DrawLayout(TCanvas& canvas, TTextLayout& layout, const TSingleLineDrawing& drawing);
 
   bool FSupportsMultiLine;
   bool FIsSelecting = false;

@@ -126,7 +126,8 @@ std::unique_ptr<TGPUFrame> TTextLayoutNGOrv::CreateFrame(std::unique_ptr<TFrameS
   if (Text().empty()) return builder.EmptyText();
   FCharSequence = Text();
   thread_local TDirectionalRuns runs;  // keeps its memory
-  TDirectiveChars::SplitByDirection(FCharSequence, TParagraphBidi::AutoRightToLeft, runs);
+  TDirectiveChars::SplitByDirection(
+      FCharSequence, FNeutralsRightToLeft ? TParagraphBidi::AutoRightToLeft : TParagraphBidi::AutoLeftToRight, runs);
   return builder.Build(runs);
 }
 

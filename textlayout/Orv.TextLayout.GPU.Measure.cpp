@@ -219,6 +219,12 @@ void TTextLayoutNGOrv::MakeUnclippedFrame() {
   FUnclippedFrame = showAgain();
 }
 
+// That of the whole text.
+const TGPUFrame& TTextLayoutNGOrv::MeasuredFrame() {
+  if (!FMeasuringText && FrameLacksText() && !FUnclippedFrame) MakeUnclippedFrame();
+  return FUnclippedFrame ? *FUnclippedFrame : *FFrame;
+}
+
 fmx::TRegion TTextLayoutNGOrv::MeasureRange(std::int32_t pos, std::int32_t length) {
   LayoutGlyph(U' ');
   std::int64_t units = length;
@@ -228,8 +234,7 @@ fmx::TRegion TTextLayoutNGOrv::MeasureRange(std::int32_t pos, std::int32_t lengt
     --pos;
     ++units;
   }
-  if (!FMeasuringText && FrameLacksText() && !FUnclippedFrame) MakeUnclippedFrame();
-  fmx::TRegion region = TRangeWalk(*this, pos, units).Run(FUnclippedFrame ? *FUnclippedFrame : *FFrame);
+  fmx::TRegion region = TRangeWalk(*this, pos, units).Run(MeasuredFrame());
   SetMeasuringText(false);
   return region;
 }

@@ -71,6 +71,11 @@ class TTextLayoutNGOrv : public fmx::TGPUTextLayout {
   TBidiSelectionType BidiSelectionType() const { return FBidiSelectionType; }
   void SetBidiSelectionType(TBidiSelectionType type) { FBidiSelectionType = type; }
 
+  // Whether a paragraph without a letter reads from right to left; at first it does. A render that something else calls
+  // for takes it.
+  bool NeutralsRightToLeft() const { return FNeutralsRightToLeft; }
+  void SetNeutralsRightToLeft(bool rightToLeft) { FNeutralsRightToLeft = rightToLeft; }
+
   // While it is on, lines are not cut at the sides of the box. Renders at once.
   bool MeasuringText() const { return FMeasuringText; }
   void SetMeasuringText(bool measuring);
@@ -108,6 +113,20 @@ class TTextLayoutNGOrv : public fmx::TGPUTextLayout {
   // The boxes of the units, without the layout's TopLeft.
   fmx::TRegion MeasureRange(std::int32_t pos, std::int32_t length);
 
+  // For carets and selections: the boxes of what is drawn, with the layout's TopLeft. A letter with all that it stands
+  // for has one box, and a mark has its own. Units that nothing is drawn for, such as a line end, have none.
+  struct TLetter {
+    fmx::TRectF Box;
+    bool RightToLeft;
+  };
+  // The last one that stands for units before the position, and the first one of the text.
+  std::optional<TLetter> LetterBefore(std::int32_t pos);
+  std::optional<TLetter> FirstLetter();
+  // Those of the units, one box for what stands side by side in a run.
+  fmx::TRegion LetterBoxes(fmx::TTextRange range);
+  // The first unit of the text of which something lies between the two places; -1 for none.
+  std::int32_t FirstUnitBetween(float left, float right);
+
   // --- Hooks ---
 
   void DoRenderLayout();
@@ -134,6 +153,7 @@ class TTextLayoutNGOrv : public fmx::TGPUTextLayout {
   static float MeasuredTab(const TGPURun& run, std::int32_t index);
   bool FrameLacksText();
   void MakeUnclippedFrame();
+  const TGPUFrame& MeasuredFrame();
   fmx::TRectF PlaceOfNothing();
 
   fmx::TAlphaColor FOldColor = 0;  // at the last render
@@ -151,6 +171,7 @@ class TTextLayoutNGOrv : public fmx::TGPUTextLayout {
   std::u16string FCharSequence;
   TBidiSelectionType FBidiSelectionType = TBidiSelectionType::btContext;
   bool FMeasuringText = false;
+  bool FNeutralsRightToLeft = true;
 };
 
 }  // namespace orv

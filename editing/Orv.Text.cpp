@@ -20,11 +20,10 @@ bool IsOpposite(TBidi bidi, bool rightToLeft) {
 
 }  // namespace
 
-rtl::UnicodeString CutTextForView(std::u16string_view text, bool rightToLeft, std::int32_t index) {
-  const std::size_t cut = index > 0 ? static_cast<std::size_t>(index) : 0;
-  if (cut >= text.size()) return {};
-  rtl::UnicodeString plainCut(text.substr(cut));
-  if (cut == 0 || RunsWithView(text[cut], rightToLeft)) return plainCut;
+TViewCut ViewCutOf(std::u16string_view text, bool rightToLeft, std::int32_t index) {
+  const std::size_t cut = index > 0 ? std::min(static_cast<std::size_t>(index), text.size()) : 0;
+  const TViewCut plainCut{cut, 0, cut};
+  if (cut == 0 || cut == text.size() || RunsWithView(text[cut], rightToLeft)) return plainCut;
 
   const TDirectionalRuns runs = TDirectiveChars::SplitByDirection(text, TParagraphBidi::RightToLeft);
   if (runs.Bidi.size() == 1) return plainCut;
@@ -37,11 +36,14 @@ rtl::UnicodeString CutTextForView(std::u16string_view text, bool rightToLeft, st
   const auto segment = static_cast<std::size_t>(end - runs.Offsets.begin()) - 1;
   if (!IsOpposite(runs.Bidi[segment], rightToLeft)) return plainCut;
   // What scrolls away is the end of the segment, which stands at the side of the view that scrolled.
-  const auto segmentStart = static_cast<std::size_t>(runs.Offsets[segment]);
   const auto segmentEnd = static_cast<std::size_t>(*end);
-  rtl::UnicodeString shown(text.substr(segmentStart, segmentEnd - cut));
-  shown.append(text.substr(segmentEnd));
-  return shown;
+  return {static_cast<std::size_t>(runs.Offsets[segment]), segmentEnd - cut, segmentEnd};
+}
+
+rtl::UnicodeString CutTextForView(std::u16string_view text, bool rightToLeft, std::int32_t index) {
+  const TViewCut cut = ViewCutOf(text, rightToLeft, index);
+  rtl::UnicodeString shown(text.substr(cut.Start, cut.Length));
+  return shown.append(text.substr(cut.Rest));
 }
 
 }  // namespace orv

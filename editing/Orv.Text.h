@@ -16,6 +16,14 @@ namespace orv {
 // thread.
 rtl::UnicodeString CutTextForView(std::u16string_view text, bool rightToLeft, std::int32_t index);
 
+// What CutTextForView takes out of the text: Length units from Start on, and those from Rest on.
+struct TViewCut {
+  std::size_t Start = 0;
+  std::size_t Length = 0;
+  std::size_t Rest = 0;
+};
+TViewCut ViewCutOf(std::u16string_view text, bool rightToLeft, std::int32_t index);
+
 // Where carets stand at a position: two where its neighbours read in different directions.
 struct TCaretInfo {
   std::int32_t CharIndex = 0;  // as given

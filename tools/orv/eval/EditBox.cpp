@@ -1,10 +1,12 @@
 #include "tools/orv/eval/EditBox.h"
 
+#include <span>
 #include <utility>
 #include <vector>
 
 #include "editing/Orv.Text.h"
 #include "fmx/CanvasManager.h"
+#include "fmx/GlyphsManager.h"
 #include "fmx/Style.h"
 #include "fmx/TextLayoutManager.h"
 #include "textlayout/Orv.TextLayout.GPU.h"
@@ -16,7 +18,7 @@ constexpr std::string_view StyleName = "boxwithoutstyle";
 constexpr std::string_view PresentationName = "BoxOfRequests";
 constexpr std::int32_t CanvasSide = 64;  // nothing is drawn
 
-// Writes down what is drawn.
+// Writes down what is drawn, and draws it where it is told to.
 class TRecordingTextService : public fmx::TTextService {
  public:
   static constexpr int SlotCount = fmx::TTextService::SlotCount;
@@ -28,11 +30,25 @@ class TRecordingTextService : public fmx::TTextService {
   explicit TRecordingTextService(bool supportsMultiLine, TClass aClass = Class())
       : TTextService(supportsMultiLine, aClass) {}
 
-  void Record(fmx::TCanvas&, std::u16string_view text, const fmx::TSingleLineDrawing& drawing) {
-    Drawn() = {std::u16string(text), drawing.Flags.Contains(fmx::TFillTextFlag::RightToLeft)};
+  void Record(fmx::TCanvas& canvas, std::u16string_view text, const fmx::TSingleLineDrawing& drawing) {
+    TDrawn& drawn = Drawn();
+    drawn.Line = {std::u16string(text), drawing.Flags.Contains(fmx::TFillTextFlag::RightToLeft)};
+    if (!drawn.Draws) return;
+    auto& calls = static_cast<fmx::TRecordingCanvas&>(canvas);
+    const std::size_t before = calls.Calls().size();
+    orv::Record(fmx::TTextService::Class()).Slot<TSlots::DrawSingleLineText>()(*this, canvas, text, drawing);
+    const auto* layout = dynamic_cast<const TTextLayoutNGOrv*>(LayoutFor(canvas, drawing));
+    if (layout == nullptr) return;
+    drawn.Letters = LettersDrawn(*layout, drawing.Rect.TopLeft(), std::span(calls.Calls()).subspan(before));
   }
-  static TDrawnLine& Drawn() {
-    static TDrawnLine drawn;
+
+  struct TDrawn {
+    TDrawnLine Line;
+    bool Draws = false;
+    std::vector<TDrawnLetter> Letters;
+  };
+  static TDrawn& Drawn() {
+    static TDrawn drawn;
     return drawn;
   }
 };
@@ -179,7 +195,41 @@ void TEditBox::Paint() {
 
 TDrawnLine TEditBox::DrawnLine() {
   FPresentation->GetTextService()->DrawSingleLine(FCanvas, FPresentation->SingleLine());
-  return TRecordingTextService::Drawn();
+  return TRecordingTextService::Drawn().Line;
+}
+
+void TEditBox::PaintWithGlyphs() {
+  TTextLayoutNGOrv::BeginRender();
+  const bool populates = !std::exchange(fmx::TGlyphsManager::DisableGlyphPopulation, true);
+  FCanvas.Forget();
+  FCanvas.BeginScene();
+  FEdit->PaintTo(FCanvas);
+  FCanvas.EndScene();
+  TTextLayoutNGOrv::EndRender();
+  fmx::TGlyphsManager::DisableGlyphPopulation = !populates;
+}
+
+std::vector<TDrawnLetter> TEditBox::DrawnLetters() {
+  auto& drawn = TRecordingTextService::Drawn();
+  drawn = {};
+  drawn.Draws = true;
+  PaintWithGlyphs();
+  drawn.Draws = false;
+  TOrvEditView& view = FPresentation->View();
+  if (FEdit->Model().Password()) {
+    auto dots = DotsDrawn(view.FirstVisibleChar() - 1, FEdit->Model().TextSettingsInfo().Resulting().Font().Size() / 2, FCanvas.Calls());
+    FCanvas.Forget();
+    return dots;
+  }
+  FCanvas.Forget();
+  // What has scrolled away by characters was cut off the text that was drawn.
+  const fmx::TSingleLineDrawing drawing = FPresentation->SingleLine();
+  const TViewCut cut = ViewCutOf(FPresentation->GetText(), drawn.Line.RightToLeft, drawing.FirstVisibleChar - 1);
+  for (TDrawnLetter& letter : drawn.Letters) {
+    const auto unit = static_cast<std::size_t>(letter.Unit);
+    letter.Unit = static_cast<std::int32_t>(unit < cut.Length ? cut.Start + unit : cut.Rest + unit - cut.Length);
+  }
+  return std::move(drawn.Letters);
 }
 
 }  // namespace orv::eval

@@ -5,11 +5,13 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "editing/Orv.Edit.Style.h"
 #include "fmx/Edit.h"
 #include "fmx/Form.h"
 #include "fmx/RecordingCanvas.h"
+#include "tools/orv/eval/DrawnLetters.h"
 #include "tools/orv/eval/Geometry.h"
 
 namespace orv::eval {
@@ -42,10 +44,13 @@ class TEditBox {
   void Paint();
   // What a paint would hand to the canvas.
   TDrawnLine DrawnLine();
+  // Of the whole text, as a paint draws them; or the cells of a password's dots.
+  std::vector<TDrawnLetter> DrawnLetters();
 
  private:
   class TServices;
   class TCanvases;
+  void PaintWithGlyphs();
 
   TMetricsScope FMetrics{TMetrics::Fixed};
   std::unique_ptr<TCanvases> FCanvases;

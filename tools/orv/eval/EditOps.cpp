@@ -231,6 +231,13 @@ TJson SelFillValue(TOrvStyledEdit& presentation) {
   return rects.empty() ? TJson(nullptr) : Rect(whole);
 }
 
+TJson DrawnLettersValue(TEditBox& box) {
+  TJson letters = TJson::array();
+  for (const TDrawnLetter& letter : box.DrawnLetters())
+    letters.push_back(TJson::array({letter.Unit, Rect(letter.Box), letter.IsSeen}));
+  return letters;
+}
+
 TJson AnswerTo(TEditBox& box, const TArguments& step) {
   const std::string name = step.String("query");
   const TJson args = step.Has("args") ? Array("args", step.At("args")) : TJson::array();
@@ -259,6 +266,8 @@ TJson AnswerTo(TEditBox& box, const TArguments& step) {
   if (name == "Line") return TJson::array({Number(presentation.LineTop()), Number(presentation.LineHeight())});
   if (name == "SelRect") return SelRectValue(presentation);
   if (name == "SelFill") return SelFillValue(presentation);
+  if (name == "SelRects") return Region(presentation.SelectionFillRects());
+  if (name == "DrawnLetters") return DrawnLettersValue(box);
   if (name == "SelectedText") return TextValue(box.Edit().Model().SelectedText());
   if (name == "Clipboard") return TextValue(box.Clipboard().GetText());
   if (name == "CombinedText") return TextValue(presentation.GetText());

@@ -1,0 +1,99 @@
+#include "tools/orv/eval/DrawnLetters.h"
+
+#include <algorithm>
+
+namespace orv::eval {
+namespace {
+
+using TKind = fmx::TRecordedCall::TKind;
+
+// Glyphs stand on whole pixels.
+constexpr float PixelSlack = 1;
+
+bool IsSeen(const fmx::TRectF& box, const fmx::TRectF& clip) {
+  const bool isAcross = box.Width() > 0 ? box.Right > clip.Left && box.Left < clip.Right
+                                        : box.Left >= clip.Left && box.Left <= clip.Right;
+  return isAcross && box.Bottom > clip.Top && box.Top < clip.Bottom;
+}
+
+// Walks the atoms in the order in which they are drawn, with the pictures that there are for them.
+class TWalk {
+ public:
+  TWalk(const TTextLayoutNGOrv& layout, std::span<const fmx::TRecordedCall> calls) : FLayout(layout), FCalls(calls) {}
+
+  std::vector<TDrawnLetter> Run(fmx::TPointF corner) {
+    for (std::int32_t i = 0; i < FLayout.Frame().Count(); ++i) {
+      const TGPULine& line = FLayout.Frame().Line(i);
+      FPen = corner.X + line.TopLeft().X;
+      for (std::int32_t v = 0; v < line.Count(); ++v) WalkRun(line.GetItemByVisualOrder(v));
+    }
+    std::stable_sort(FLetters.begin(), FLetters.end(), [](const auto& a, const auto& b) { return a.Unit < b.Unit; });
+    return std::move(FLetters);
+  }
+
+ private:
+  void WalkRun(const TGPURun& run) {
+    std::vector<std::int32_t> starts;
+    std::int32_t unit = run.StartIndex();
+    for (std::int32_t i = 0; i < run.UCS4Length(); ++i) {
+      starts.push_back(unit);
+      unit += AtomUnits(run.Atom(i));
+    }
+    for (std::int32_t place = 0; place < run.UCS4Length(); ++place) {
+      const std::int32_t index = run.DrawnAtomIndex(place);
+      const UCS4Char atom = run.Atom(index);
+      const bool isTab = atom == U'\t';
+      const float advance =
+          (isTab ? FLayout.GetTabAdvance(run, index) : FLayout.LayoutGlyph(atom).Glyph.Advance) * FLayout.ScaleFactor();
+      if (const fmx::TRecordedCall* call = isTab ? nullptr : PictureOf(atom, advance))
+        AddLetters(run, starts[static_cast<std::size_t>(index)], atom, advance, *call);
+      FPen += advance;
+    }
+  }
+
+  // The next picture, if it is one of the atom where the pen is.
+  const fmx::TRecordedCall* PictureOf(UCS4Char atom, float advance) {
+    while (FNext < FCalls.size() && FCalls[FNext].Kind != TKind::DrawBitmap) ++FNext;
+    if (FNext == FCalls.size()) return nullptr;
+    const fmx::TRecordedCall& call = FCalls[FNext];
+    fmx::TRectF picture;
+    if (TGlyphAtlas::AtomOf(*call.Bitmap, call.Source, picture) != atom) return nullptr;
+    if (call.Rect.Left < FPen - PixelSlack || call.Rect.Left > FPen + advance + PixelSlack) return nullptr;
+    ++FNext;
+    return &call;
+  }
+
+  void AddLetters(const TGPURun& run, std::int32_t unit, UCS4Char atom, float advance, const fmx::TRecordedCall& call) {
+    fmx::TRectF box = call.DeviceMatrix.BoundsOf(call.Rect);
+    if (!(advance > 0)) box.Right = box.Left;
+    const bool isSeen = IsSeen(box, call.Clip.Box());
+    for (std::int32_t i = 0; i < AtomParts(atom) && unit + i < run.EndIndex(); ++i)
+      FLetters.push_back({unit + i, box, isSeen});
+  }
+
+  const TTextLayoutNGOrv& FLayout;
+  std::span<const fmx::TRecordedCall> FCalls;
+  std::size_t FNext = 0;
+  float FPen = 0;
+  std::vector<TDrawnLetter> FLetters;
+};
+
+}  // namespace
+
+std::vector<TDrawnLetter> LettersDrawn(const TTextLayoutNGOrv& layout, fmx::TPointF corner,
+                                       std::span<const fmx::TRecordedCall> calls) {
+  return TWalk(layout, calls).Run(corner);
+}
+
+std::vector<TDrawnLetter> DotsDrawn(std::int32_t first, float cell, std::span<const fmx::TRecordedCall> calls) {
+  std::vector<TDrawnLetter> dots;
+  for (const fmx::TRecordedCall& call : calls) {
+    if (call.Kind != TKind::FillEllipse) continue;
+    fmx::TRectF box = call.DeviceMatrix.BoundsOf(call.Rect);
+    box.Right = box.Left + cell;
+    dots.push_back({first + static_cast<std::int32_t>(dots.size()), box, IsSeen(box, call.Clip.Box())});
+  }
+  return dots;
+}
+
+}  // namespace orv::eval

@@ -22,17 +22,20 @@ class TWalk {
   TWalk(const TTextLayoutNGOrv& layout, std::span<const fmx::TRecordedCall> calls) : FLayout(layout), FCalls(calls) {}
 
   std::vector<TDrawnLetter> Run(fmx::TPointF corner) {
+    for (const fmx::TRecordedCall& call : FCalls)
+      if (call.Kind == TKind::DrawBitmap) FPicture = &call;
     for (std::int32_t i = 0; i < FLayout.Frame().Count(); ++i) {
       const TGPULine& line = FLayout.Frame().Line(i);
       FPen = corner.X + line.TopLeft().X;
-      for (std::int32_t v = 0; v < line.Count(); ++v) WalkRun(line.GetItemByVisualOrder(v));
+      FTop = corner.Y + line.TopLeft().Y;
+      for (std::int32_t v = 0; v < line.Count(); ++v) WalkRun(line, line.GetItemByVisualOrder(v));
     }
     std::stable_sort(FLetters.begin(), FLetters.end(), [](const auto& a, const auto& b) { return a.Unit < b.Unit; });
     return std::move(FLetters);
   }
 
  private:
-  void WalkRun(const TGPURun& run) {
+  void WalkRun(const TGPULine& line, const TGPURun& run) {
     std::vector<std::int32_t> starts;
     std::int32_t unit = run.StartIndex();
     for (std::int32_t i = 0; i < run.UCS4Length(); ++i) {
@@ -45,8 +48,11 @@ class TWalk {
       const bool isTab = atom == U'\t';
       const float advance =
           (isTab ? FLayout.GetTabAdvance(run, index) : FLayout.LayoutGlyph(atom).Glyph.Advance) * FLayout.ScaleFactor();
-      if (const fmx::TRecordedCall* call = isTab ? nullptr : PictureOf(atom, advance))
-        AddLetters(run, starts[static_cast<std::size_t>(index)], atom, advance, *call);
+      const std::int32_t first = starts[static_cast<std::size_t>(index)];
+      if (isTab)
+        AddTab(first, run, {FPen, FTop, FPen + advance, FTop + line.Height()});
+      else if (const fmx::TRecordedCall* call = PictureOf(atom, advance))
+        AddLetters(run, first, atom, advance, *call);
       FPen += advance;
     }
   }
@@ -68,13 +74,21 @@ class TWalk {
     if (!(advance > 0)) box.Right = box.Left;
     const bool isSeen = IsSeen(box, call.Clip.Box());
     for (std::int32_t i = 0; i < AtomParts(atom) && unit + i < run.EndIndex(); ++i)
-      FLetters.push_back({unit + i, box, isSeen});
+      FLetters.push_back({unit + i, box, isSeen, run.RightToLeft()});
+  }
+
+  // Drawing one moves the pen and leaves no picture. It is clipped as the pictures are.
+  void AddTab(std::int32_t unit, const TGPURun& run, const fmx::TRectF& place) {
+    const fmx::TRectF box = FPicture != nullptr ? FPicture->DeviceMatrix.BoundsOf(place) : place;
+    FLetters.push_back({unit, box, FPicture == nullptr || IsSeen(box, FPicture->Clip.Box()), run.RightToLeft()});
   }
 
   const TTextLayoutNGOrv& FLayout;
   std::span<const fmx::TRecordedCall> FCalls;
+  const fmx::TRecordedCall* FPicture = nullptr;  // one of them
   std::size_t FNext = 0;
   float FPen = 0;
+  float FTop = 0;
   std::vector<TDrawnLetter> FLetters;
 };
 
@@ -91,7 +105,7 @@ std::vector<TDrawnLetter> DotsDrawn(std::int32_t first, float cell, std::span<co
     if (call.Kind != TKind::FillEllipse) continue;
     fmx::TRectF box = call.DeviceMatrix.BoundsOf(call.Rect);
     box.Right = box.Left + cell;
-    dots.push_back({first + static_cast<std::int32_t>(dots.size()), box, IsSeen(box, call.Clip.Box())});
+    dots.push_back({first + static_cast<std::int32_t>(dots.size()), box, IsSeen(box, call.Clip.Box()), false});
   }
   return dots;
 }

@@ -16,6 +16,7 @@ struct TDrawnLetter {
   std::int32_t Unit = 0;
   fmx::TRectF Box;
   bool IsSeen = false;  // some of it is inside the clip
+  bool RightToLeft = false;
 };
 
 // What the layout drew, at that corner, with those calls; units of the layout's text, in that order. A letter without a

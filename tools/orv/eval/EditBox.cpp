@@ -217,7 +217,8 @@ std::vector<TDrawnLetter> TEditBox::DrawnLetters() {
   drawn.Draws = false;
   TOrvEditView& view = FPresentation->View();
   if (FEdit->Model().Password()) {
-    auto dots = DotsDrawn(view.FirstVisibleChar() - 1, FEdit->Model().TextSettingsInfo().Resulting().Font().Size() / 2, FCanvas.Calls());
+    auto dots = DotsDrawn(view.FirstVisibleChar() - 1, FEdit->Model().TextSettingsInfo().Resulting().Font().Size() / 2,
+                          FCanvas.Calls());
     FCanvas.Forget();
     return dots;
   }

@@ -147,7 +147,7 @@ TEST_F(InstalledEdits, AnEditDrawsWithTheApplicationsTextService) {
   TAddressForm form;
   form.City.SetSize({52, 30});  // room for four characters between the margins
   form.City.SetText(u"ab سلام");
-  const auto& edit = dynamic_cast<TOrvStyledEdit&>(*form.City.Presentation());
+  auto& edit = dynamic_cast<TOrvStyledEdit&>(*form.City.Presentation());
   form.City.Model().SetCaretPosition(7);
   fmx::TBitmap bitmap(60, 40);
   const auto canvas = fmx::TCanvasManager::CreateFromBitmap(bitmap);

@@ -39,6 +39,8 @@ void SetDirection(fmx::TTextLayout& layout, const TTextDirection& direction) {
   if (auto* const own = dynamic_cast<TTextLayoutNGOrv*>(&layout)) {
     own->SetBidiSelectionType(direction.IsSettled ? TBidiSelectionType::btManual : TBidiSelectionType::btContext);
     own->SetNeutralsRightToLeft(direction.NeutralsRightToLeft);
+    // Laid out under other corrections, it may hold an old direction, and much else.
+    if (own->Frame().Store().Corrections() != TOrvGlobalSettings::Corrections) own->SetScale(own->Scale());
   }
   if (direction.IsSettled) layout.SetRightToLeft(direction.RightToLeft);
 }

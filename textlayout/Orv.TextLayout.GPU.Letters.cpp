@@ -95,8 +95,10 @@ fmx::TRegion TTextLayoutNGOrv::LetterBoxes(fmx::TTextRange range) {
   const TGPUFrame& frame = MeasuredFrame();
   for (std::int32_t i = 0; i < frame.Count(); ++i) {
     const TGPULine& line = frame.Line(i);
-    for (std::int32_t k = std::max(RunsBefore(line, range.Pos) - 1, 0); k < line.Count(); ++k) {
+    const bool isOrdered = !line.IsEmpty() && line.Item(0).Corrects(TOrvCorrection::TabSplit);
+    for (std::int32_t k = isOrdered ? std::max(RunsBefore(line, range.Pos) - 1, 0) : 0; k < line.Count(); ++k) {
       const TGPURun& run = line.Item(k);
+      if (isOrdered && run.StartIndex() >= end) break;
       const std::int32_t from = std::max(range.Pos, run.StartIndex());
       const auto to = static_cast<std::int32_t>(std::min<std::int64_t>(end, run.EndIndex()));
       if (!IsDrawn(run) || from >= to) continue;

@@ -42,6 +42,7 @@ class TFrameStore {
   void Reset(TOrvCorrections corrections);
 
   // Those in force when the frame was begun: what is asked of it later is answered under the same.
+  TOrvCorrections Corrections() const { return FCorrections; }
   bool Corrects(TOrvCorrection correction) const { return FCorrections.Contains(correction); }
 
   void* Allocate(std::size_t size) {

@@ -32,7 +32,7 @@ constexpr TBiDiMode Directions[] = {TBiDiMode::LeftToRight, TBiDiMode::RightToLe
 
 #ifdef ORV_ASSERTIONS
 constexpr int UsualLength = 3;
-constexpr int UsualRounds = 2500;
+constexpr int UsualRounds = 1500;
 #else
 constexpr int UsualLength = 4;
 constexpr int UsualRounds = 10000;

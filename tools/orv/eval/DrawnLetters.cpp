@@ -46,8 +46,7 @@ class TWalk {
       const std::int32_t index = run.DrawnAtomIndex(place);
       const UCS4Char atom = run.Atom(index);
       const bool isTab = atom == U'\t';
-      const float advance =
-          (isTab ? FLayout.GetTabAdvance(run, index) : FLayout.LayoutGlyph(atom).Glyph.Advance) * FLayout.ScaleFactor();
+      const float advance = AdvanceOf(run, index) * FLayout.ScaleFactor();
       const std::int32_t first = starts[static_cast<std::size_t>(index)];
       if (isTab)
         AddTab(first, run, {FPen, FTop, FPen + advance, FTop + line.Height()});
@@ -55,6 +54,13 @@ class TWalk {
         AddLetters(run, first, atom, advance, *call);
       FPen += advance;
     }
+  }
+
+  // A tab that lost its tag has no width.
+  float AdvanceOf(const TGPURun& run, std::int32_t index) const {
+    const TDrawTagRec tag = run.DrawTag(index);
+    if (run.Atom(index) != U'\t') return FLayout.LayoutGlyph(run.Atom(index)).Glyph.Advance;
+    return tag.TagType == TDrawTagRec::TTagType::TabAdvance ? tag.Value : 0;
   }
 
   // The next picture, if it is one of the atom where the pen is.

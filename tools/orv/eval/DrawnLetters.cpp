@@ -19,11 +19,17 @@ bool IsSeen(const fmx::TRectF& box, const fmx::TRectF& clip) {
 // Walks the atoms in the order in which they are drawn, with the pictures that there are for them.
 class TWalk {
  public:
-  TWalk(const TTextLayoutNGOrv& layout, std::span<const fmx::TRecordedCall> calls) : FLayout(layout), FCalls(calls) {}
+  TWalk(const TTextLayoutNGOrv& layout, std::span<const fmx::TRecordedCall> calls,
+        std::span<const fmx::TRecordedCall> clipped)
+      : FLayout(layout), FCalls(calls) {
+    for (const fmx::TRecordedCall& call : clipped) {
+      if (call.Kind != TKind::DrawBitmap) continue;
+      FClip = call.Clip.Box();
+      FMatrix = call.DeviceMatrix;
+    }
+  }
 
   std::vector<TDrawnLetter> Run(fmx::TPointF corner) {
-    for (const fmx::TRecordedCall& call : FCalls)
-      if (call.Kind == TKind::DrawBitmap) FPicture = &call;
     for (std::int32_t i = 0; i < FLayout.Frame().Count(); ++i) {
       const TGPULine& line = FLayout.Frame().Line(i);
       FPen = corner.X + line.TopLeft().X;
@@ -76,22 +82,23 @@ class TWalk {
   }
 
   void AddLetters(const TGPURun& run, std::int32_t unit, UCS4Char atom, float advance, const fmx::TRecordedCall& call) {
-    fmx::TRectF box = call.DeviceMatrix.BoundsOf(call.Rect);
+    fmx::TRectF box = FMatrix.BoundsOf(call.Rect);
     if (!(advance > 0)) box.Right = box.Left;
-    const bool isSeen = IsSeen(box, call.Clip.Box());
+    const bool isSeen = IsSeen(box, FClip);
     for (std::int32_t i = 0; i < AtomParts(atom) && unit + i < run.EndIndex(); ++i)
       FLetters.push_back({unit + i, box, isSeen, run.RightToLeft()});
   }
 
-  // Drawing one moves the pen and leaves no picture. It is clipped as the pictures are.
+  // Drawing one moves the pen and leaves no picture.
   void AddTab(std::int32_t unit, const TGPURun& run, const fmx::TRectF& place) {
-    const fmx::TRectF box = FPicture != nullptr ? FPicture->DeviceMatrix.BoundsOf(place) : place;
-    FLetters.push_back({unit, box, FPicture == nullptr || IsSeen(box, FPicture->Clip.Box()), run.RightToLeft()});
+    const fmx::TRectF box = FMatrix.BoundsOf(place);
+    FLetters.push_back({unit, box, IsSeen(box, FClip), run.RightToLeft()});
   }
 
   const TTextLayoutNGOrv& FLayout;
   std::span<const fmx::TRecordedCall> FCalls;
-  const fmx::TRecordedCall* FPicture = nullptr;  // one of them
+  fmx::TRectF FClip;
+  fmx::TMatrix FMatrix;
   std::size_t FNext = 0;
   float FPen = 0;
   float FTop = 0;
@@ -101,8 +108,9 @@ class TWalk {
 }  // namespace
 
 std::vector<TDrawnLetter> LettersDrawn(const TTextLayoutNGOrv& layout, fmx::TPointF corner,
-                                       std::span<const fmx::TRecordedCall> calls) {
-  return TWalk(layout, calls).Run(corner);
+                                       std::span<const fmx::TRecordedCall> calls,
+                                       std::span<const fmx::TRecordedCall> clipped) {
+  return TWalk(layout, calls, clipped).Run(corner);
 }
 
 std::vector<TDrawnLetter> DotsDrawn(std::int32_t first, float cell, std::span<const fmx::TRecordedCall> calls) {

@@ -20,9 +20,11 @@ struct TDrawnLetter {
 };
 
 // What the layout drew, at that corner, with those calls; units of the layout's text, in that order. A letter without a
-// picture among the calls was not drawn.
+// picture among the calls was not drawn. The calls that were not clipped away tell of the clip: without any, nothing is
+// seen.
 std::vector<TDrawnLetter> LettersDrawn(const TTextLayoutNGOrv& layout, fmx::TPointF corner,
-                                       std::span<const fmx::TRecordedCall> calls);
+                                       std::span<const fmx::TRecordedCall> calls,
+                                       std::span<const fmx::TRecordedCall> clipped);
 
 // The dots of a password from a first unit on, each with the room of its cell.
 std::vector<TDrawnLetter> DotsDrawn(std::int32_t first, float cell, std::span<const fmx::TRecordedCall> calls);

@@ -34,12 +34,18 @@ class TRecordingTextService : public fmx::TTextService {
     TDrawn& drawn = Drawn();
     drawn.Line = {std::u16string(text), drawing.Flags.Contains(fmx::TFillTextFlag::RightToLeft)};
     if (!drawn.Draws) return;
-    auto& calls = static_cast<fmx::TRecordingCanvas&>(canvas);
-    const std::size_t before = calls.Calls().size();
-    orv::Record(fmx::TTextService::Class()).Slot<TSlots::DrawSingleLineText>()(*this, canvas, text, drawing);
-    const auto* layout = dynamic_cast<const TTextLayoutNGOrv*>(LayoutFor(canvas, drawing));
-    if (layout == nullptr) return;
-    drawn.Letters = LettersDrawn(*layout, drawing.Rect.TopLeft(), std::span(calls.Calls()).subspan(before));
+    // Once as the box has it, and once on a canvas that leaves nothing out.
+    auto& clipped = static_cast<fmx::TRecordingCanvas&>(canvas);
+    const auto draw = orv::Record(fmx::TTextService::Class()).Slot<TSlots::DrawSingleLineText>();
+    const std::size_t before = clipped.Calls().size();
+    draw(*this, clipped, text, drawing);
+    fmx::TRecordingCanvas whole(CanvasSide, CanvasSide);
+    whole.BeginScene();
+    draw(*this, whole, text, drawing);
+    whole.EndScene();
+    if (const auto* layout = dynamic_cast<const TTextLayoutNGOrv*>(LayoutFor(canvas, drawing)))
+      drawn.Letters =
+          LettersDrawn(*layout, drawing.Rect.TopLeft(), whole.Calls(), std::span(clipped.Calls()).subspan(before));
   }
 
   struct TDrawn {

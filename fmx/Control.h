@@ -110,9 +110,18 @@ class TControl : public TComponent {
   virtual void MouseMove(const TMouseEvent& event);
   virtual void MouseUp(const TMouseEvent& event);
   virtual void CMGesture(const TGestureEvent& /*event*/) {}
+  // Whether it has acted on it; what it stands in is asked otherwise.
+  virtual bool MouseWheel(const TWheelEvent& /*event*/) { return false; }
   using TPointerEvent = std::function<void(TControl& sender, const TMouseEvent& event)>;
   TPointerEvent OnMouseDown;
   TPointerEvent OnMouseUp;
+  // Whether the pointer stops at it; otherwise it goes through to what the control stands in. At first where one of
+  // the events is set.
+  virtual bool TakesPointer() const { return OnMouseDown || OnMouseUp; }
+  // Whether a point in the control's coordinates is on it: inside, at first.
+  virtual bool PointInObject(TPointF point) const { return LocalRect().Contains(point); }
+  TCursor Cursor() const { return FCursor; }
+  void SetCursor(TCursor cursor) { FCursor = cursor; }
   // Whether the left button went down on it and has not gone up since.
   bool Pressed() const { return FPressed; }
   // The gestures that it wants to be told of.
@@ -143,6 +152,7 @@ class TControl : public TComponent {
   bool FHitTest = true;
   bool FDisableAlign = false;
   bool FPressed = false;
+  TCursor FCursor = TCursor::Default;
   TInteractiveGestures FInteractiveGestures;
 };
 

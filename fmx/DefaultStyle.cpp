@@ -3,6 +3,7 @@
 #include <string_view>
 #include <utility>
 
+#include "fmx/Root.h"
 #include "fmx/Services.h"
 #include "fmx/Style.h"
 
@@ -30,6 +31,7 @@ const TColors& ColorsOf(TStylePalette palette) {
 
 constexpr float BoxRadius = 4;
 constexpr float BoxBorder = 1;
+constexpr float FocusBorder = 1.5F;
 constexpr TBounds ContentMargins{6, 0, 6, 0};
 constexpr float PromptOpacity = 0.5F;
 
@@ -41,18 +43,30 @@ T& AddPart(TControl& style, std::string_view name, std::unique_ptr<T> part) {
   return added;
 }
 
-// Keeps its background as large as itself.
+// Keeps its background as large as itself, and its line in the colour of the caret while the focus is in the box.
 class TBoxStyle : public TControl {
  public:
   explicit TBoxStyle(const TColors& colors)
-      : FBackground(AddPart(
+      : FColors(colors),
+        FBackground(AddPart(
             *this, "background",
             std::make_unique<TRectangle>(TBrush(colors.Paper), TStrokeBrush(colors.Border, BoxBorder), BoxRadius))) {}
 
  protected:
   void Resize() override { FBackground.SetSize(Size()); }
+  void Paint(TCanvas& /*canvas*/) override {
+    FBackground.SetStroke(HasFocus() ? TStrokeBrush(FColors.Caret, FocusBorder)
+                                     : TStrokeBrush(FColors.Border, BoxBorder));
+  }
 
  private:
+  bool HasFocus() const {
+    for (const TControl* each = Parent(); each != nullptr; each = each->Parent())
+      if (const auto* const control = dynamic_cast<const TFocusable*>(each)) return control->IsFocused();
+    return false;
+  }
+
+  const TColors& FColors;
   TRectangle& FBackground;
 };
 
@@ -75,6 +89,16 @@ TAlphaColor StyleBackgroundColor(TStylePalette palette) {
 }
 TAlphaColor StyleForegroundColor(TStylePalette palette) {
   return ColorsOf(palette).Text;
+}
+
+TAlphaColor StylePaperColor(TStylePalette palette) {
+  return ColorsOf(palette).Paper;
+}
+TAlphaColor StyleBorderColor(TStylePalette palette) {
+  return ColorsOf(palette).Border;
+}
+TAlphaColor StyleAccentColor(TStylePalette palette) {
+  return ColorsOf(palette).Caret;
 }
 
 std::unique_ptr<TControl> DefaultEditStyle() {

@@ -18,6 +18,10 @@ void SetDefaultStylePalette(TStylePalette palette);
 // What stands behind all controls, and text on it.
 TAlphaColor StyleBackgroundColor(TStylePalette palette);
 TAlphaColor StyleForegroundColor(TStylePalette palette);
+// Of boxes and what opens over them: the paper, the line around it, and what shows where the focus is.
+TAlphaColor StylePaperColor(TStylePalette palette);
+TAlphaColor StyleBorderColor(TStylePalette palette);
+TAlphaColor StyleAccentColor(TStylePalette palette);
 
 // A single-line box: "background", "content", "prompt", "buttons", "leftbuttons", "selection", "foreground",
 // "selectionfg", "caretcolor", "font", "leftselectionpoint", "rightselectionpoint".

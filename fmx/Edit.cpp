@@ -17,6 +17,7 @@ TCustomEdit& AsCustomEdit(TPresentedControl& control) {
 
 TCustomEdit::TCustomEdit() : FButtonsContent(&InsertComponent(std::make_unique<TControl>())) {
   FButtonsContent->SetParent(this);
+  SetCursor(TCursor::IBeam);
   FModel.Caret().OnRepaint = [this] { Repaint(); };
 }
 

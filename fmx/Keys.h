@@ -37,6 +37,8 @@ class Keys {
   static constexpr TCode Down = 40;
   static constexpr TCode Insert = 45;
   static constexpr TCode Delete = 46;
+  static constexpr TCode Menu = 93;
+  static constexpr TCode F10 = 121;
 };
 
 // The modifiers a control can be told of. Lock keys and mouse buttons are not among them, so a control may ask whether

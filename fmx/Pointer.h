@@ -19,6 +19,16 @@ struct TMouseEvent {
   bool DoubleClick = false;  // the second press of two in short time
 };
 
+// A turn of the wheel.
+struct TWheelEvent {
+  TShiftState Shift;
+  TPointF Point;    // in the control's coordinates
+  float Steps = 0;  // away from the person is positive
+};
+
+// What the pointer looks like over a control, by the numbers of the shapes. Default: that of the control behind it.
+enum class TCursor : std::int16_t { Default = 0, Arrow = -2, IBeam = -4, HandPoint = -21 };
+
 // Gestures that controls know, by their numbers.
 using TGestureId = std::uint16_t;
 inline constexpr TGestureId PanGesture = 260;

@@ -102,6 +102,7 @@ class TPresentedControl : public TStyledControl, public TFocusable {
   void MouseMove(const TMouseEvent& event) override;
   void MouseUp(const TMouseEvent& event) override;
   void CMGesture(const TGestureEvent& event) override;
+  bool TakesPointer() const override { return true; }
   bool ShowContextMenu(TPointF point);
 
  protected:

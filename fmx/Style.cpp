@@ -55,6 +55,12 @@ void TSelectionPoint::MouseMove(const TMouseEvent& event) {
   SetPosition(place);
 }
 
+bool TSelectionPoint::PointInObject(TPointF point) const {
+  // A finger is broader than what is drawn.
+  constexpr float reach = 2;
+  return TRectF{}.Touches(point, reach * FGripSize);
+}
+
 void TSelectionPoint::Paint(TCanvas& canvas) {
   const TRectF grip{-FGripSize, -FGripSize, FGripSize, FGripSize};
   canvas.FillEllipse(grip, AbsoluteOpacity(), TBrush(FColor));

@@ -92,6 +92,7 @@ class TRectangle : public TControl {
   TRectangle(const TBrush& fill, const TStrokeBrush& stroke, float radius)
       : FFill(fill), FStroke(stroke), FRadius(radius) {}
   std::string_view ClassName() const override { return "TRectangle"; }
+  void SetStroke(const TStrokeBrush& stroke) { FStroke = stroke; }
 
  protected:
   void Paint(TCanvas& canvas) override;
@@ -116,6 +117,8 @@ class TSelectionPoint : public TControl {
   std::function<void(TSelectionPoint& sender, float& x, float& y)> OnChangePosition;
 
   void MouseMove(const TMouseEvent& event) override;
+  bool TakesPointer() const override { return true; }
+  bool PointInObject(TPointF point) const override;
 
  protected:
   void Paint(TCanvas& canvas) override;

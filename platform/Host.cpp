@@ -6,7 +6,9 @@
 
 #include "fmx/Services.h"
 #include "platform/CanvasService.h"
+#include "platform/Clipboard.h"
 #include "platform/FontGlyphs.h"
+#include "platform/FormWindow.h"
 #include "rtl/Utf8.h"
 
 namespace orv::platform {
@@ -44,7 +46,9 @@ void StartPlatform() {
   services->AddPlatformService(fmx::ICanvasService::Guid, std::make_shared<TCanvasService>());
   services->AddPlatformService(fmx::IFontService::Guid, std::make_shared<TFontService>());
   services->AddPlatformService(fmx::IFolderService::Guid, std::make_shared<TFolderService>());
+  services->AddPlatformService(fmx::IFMXClipboardService::Guid, std::make_shared<TClipboardService>());
   fmx::TPlatformServices::SetCurrent(std::move(services));
+  AddWindowServices();
   RegisterFontGlyphs();
   TCanvasService().RegisterCanvasClasses();
 }

@@ -208,6 +208,14 @@ void TWindow::Present(const fmx::TBitmapSurface& pixels, const fmx::TRect& chang
   if (!pixels.IsEmpty() && !part.IsEmpty()) FState->Paint(pixels.Pixels().data(), width, height, part);
 }
 
+SDL_Window* TWindow::Handle() const {
+  return FState->Window.get();
+}
+
+void TWindow::Expose() {
+  FState->PaintedWidth = 0;
+}
+
 TWindowEvent TWindow::Wait() {
   SDL_Event event;
   for (;;) {

@@ -9,6 +9,8 @@
 #include "platform/CanvasWindow.h"
 #include "platform/Frame.h"
 
+struct SDL_Window;
+
 namespace orv::platform {
 
 // Keys that a viewer acts on; the rest is Other.
@@ -72,6 +74,11 @@ class TWindow : public TCanvasWindow {
   // After a change of the window's size, and where another window covered it, all of the pixels count as changed.
   // Raises EWindowError.
   void Present(const fmx::TBitmapSurface& pixels, const fmx::TRect& changed) override;
+
+  // The library's window; borrowed. For those who take its events themselves.
+  SDL_Window* Handle() const;
+  // Its pixels are lost: all of them count as changed at the next Present.
+  void Expose();
 
   // Waits for the next event.
   TWindowEvent Wait();

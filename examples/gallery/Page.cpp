@@ -16,7 +16,7 @@ using fmx::TTextTrimming;
 constexpr float Margin = 28;
 constexpr float Gap = 20;
 constexpr float Inside = 18;
-constexpr float CaptionHeight = 30;
+constexpr float CaptionHeight = CardCaptionHeight;
 constexpr float TwoColumnsFrom = 720;
 
 // A column that specimens are put into from top to bottom.
@@ -29,10 +29,8 @@ struct TColumn {
 
   // Begins a card of that height below its caption; answers the place inside it.
   TRectF Card(std::u16string_view caption, float height) {
-    DrawText(Canvas, {Left + 2, Top, Right, Top + CaptionHeight - 4}, caption, {12, Theme.Faint});
     const TRectF card{Left, Top + CaptionHeight, Right, Top + CaptionHeight + height};
-    FillRound(Canvas, card, 10, Theme.Card);
-    OutlineRound(Canvas, card, 10, Theme.Line);
+    DrawCard(Canvas, Theme, card, caption);
     Top = card.Bottom + Gap;
     return card.Inset(Inside, Inside);
   }

@@ -16,6 +16,13 @@ class TSidebar {
 
   explicit TSidebar(std::vector<TGroup> groups) : FGroups(std::move(groups)) {}
 
+  // Others, from the top.
+  void SetGroups(std::vector<TGroup> groups) {
+    FGroups = std::move(groups);
+    FScrolled = 0;
+    Arrange();
+  }
+
   // Paints it on the left side of a window of that height.
   void Paint(fmx::TCanvas& canvas, const TTheme& theme, float height);
 

@@ -27,8 +27,18 @@ TSwitch Toggle(std::string_view name, TSet& set, TItem item) {
           }};
 }
 
-TGroup Look(bool& isDark) {
-  return {u"Page", {Choice(u"Light", isDark, false), Choice(u"Dark", isDark, true)}};
+TGroup Pages(TLook& look) {
+  return {u"Page", {Choice(u"Text", look.Page, TPageName::Text), Choice(u"Edit boxes", look.Page, TPageName::Edit)}};
+}
+
+TGroup Looks(TLook& look) {
+  return {u"Look", {Choice(u"Light", look.IsDark, false), Choice(u"Dark", look.IsDark, true)}};
+}
+
+TGroup Ways() {
+  return {u"Way",
+          {Choice(u"By the rules", TSettings::Corrections, orv::TOrvCorrections{}),
+           Choice(u"Corrected", TSettings::Corrections, orv::AllCorrections)}};
 }
 
 TGroup Equations() {
@@ -53,10 +63,12 @@ TGroup Options() {
   return group;
 }
 
-TGroup Corrections() {
-  TGroup group{u"Corrections", {}};
+// The corrections from PixelScroll on are those of the edit box.
+TGroup Corrections(const char16_t* title, TPageName page) {
+  TGroup group{title, {}};
   for (const auto& [name, correction] : orv::eval::CorrectionNames)
-    group.Switches.push_back(Toggle(name, TSettings::Corrections, correction));
+    if ((correction >= orv::TOrvCorrection::PixelScroll) == (page == TPageName::Edit))
+      group.Switches.push_back(Toggle(name, TSettings::Corrections, correction));
   return group;
 }
 
@@ -78,8 +90,13 @@ std::u16string Spoken(std::string_view name) {
   return spoken;
 }
 
-std::vector<TGroup> MakeSwitches(bool& isDark) {
-  return {Look(isDark), Equations(), Digits(), Options(), Corrections()};
+std::vector<TGroup> MakeSwitches(TLook& look) {
+  std::vector<TGroup> groups{Pages(look), Looks(look), Ways()};
+  const bool edits = look.Page == TPageName::Edit;
+  if (edits) groups.push_back(Corrections(u"Corrections of the boxes", TPageName::Edit));
+  for (TGroup (*make)() : {Equations, Digits, Options}) groups.push_back(make());
+  groups.push_back(Corrections(edits ? u"Corrections of the text" : u"Corrections", TPageName::Text));
+  return groups;
 }
 
 }  // namespace gallery

@@ -1,6 +1,7 @@
 // What can be switched in the gallery. A switch changes a setting of the process; the next layout shows it.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -19,8 +20,16 @@ struct TGroup {
   std::vector<TSwitch> Switches;
 };
 
-// The groups from top to bottom. The flag, whether the page is dark, is borrowed.
-std::vector<TGroup> MakeSwitches(bool& isDark);
+enum class TPageName : std::uint8_t { Text, Edit };
+
+// What is shown, and how.
+struct TLook {
+  TPageName Page = TPageName::Text;
+  bool IsDark = false;
+};
+
+// The groups of a page from top to bottom. The look is borrowed.
+std::vector<TGroup> MakeSwitches(TLook& look);
 
 // "TrimLine" as "Trim line".
 std::u16string Spoken(std::string_view name);

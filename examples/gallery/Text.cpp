@@ -45,4 +45,10 @@ void OutlineRound(fmx::TCanvas& canvas, const fmx::TRectF& box, float radius, fm
   canvas.DrawRect(box.Inset(0.5F, 0.5F), radius, radius, fmx::AllCorners, 1, pen);
 }
 
+void DrawCard(fmx::TCanvas& canvas, const TTheme& theme, const fmx::TRectF& card, std::u16string_view caption) {
+  DrawText(canvas, {card.Left + 2, card.Top - CardCaptionHeight, card.Right, card.Top - 4}, caption, {12, theme.Faint});
+  FillRound(canvas, card, 10, theme.Card);
+  OutlineRound(canvas, card, 10, theme.Line);
+}
+
 }  // namespace gallery

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string_view>
 
+#include "examples/gallery/Theme.h"
 #include "fmx/Canvas.h"
 #include "fmx/TextLayout.h"
 
@@ -33,5 +34,9 @@ float DrawParagraph(fmx::TCanvas& canvas, fmx::TRectF box, std::u16string_view t
 
 void FillRound(fmx::TCanvas& canvas, const fmx::TRectF& box, float radius, fmx::TAlphaColor color);
 void OutlineRound(fmx::TCanvas& canvas, const fmx::TRectF& box, float radius, fmx::TAlphaColor color);
+
+// A card with its caption above it, which takes that height.
+inline constexpr float CardCaptionHeight = 30;
+void DrawCard(fmx::TCanvas& canvas, const TTheme& theme, const fmx::TRectF& card, std::u16string_view caption);
 
 }  // namespace gallery

@@ -1,160 +1,141 @@
-// The gallery: what right-to-left text looks like, with every switch of the system beside it.
+// The gallery: what right-to-left text looks like and how it is edited, with every switch of the system beside it.
 //
-//   gallery                    opens the window; Esc or Q closes it
-//   gallery --switches         tells where in the window each switch is, for scripts that press them
+//   gallery [OPTIONS]          opens the window; Esc closes it, and Q where nothing is typed
+//     --page text|edit           begins with that page
+//     --scale FACTOR             device pixels of a unit
+//     --log                      tells on the standard output what the boxes do: one line of JSON for each change
+//     --switches, --boxes        tell where in the window each switch, or each box, is, for scripts; no window opens
 //   gallery -o FOLDER [SCALE]  writes its pictures instead, light and dark, which needs no display
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <string>
 #include <string_view>
+#include <vector>
 
-#include "examples/gallery/Page.h"
-#include "examples/gallery/Sidebar.h"
+#include "examples/gallery/Gallery.h"
 #include "fmx/CanvasManager.h"
+#include "platform/CanvasWindow.h"
 #include "platform/Exceptions.h"
 #include "platform/FontGlyphs.h"
+#include "platform/FormWindow.h"
 #include "platform/FrameOf.h"
 #include "platform/Host.h"
 #include "platform/Png.h"
-#include "platform/Window.h"
-#include "rtl/Utf8.h"
 #include "runtime/Marzel.h"
 
 namespace {
 
 namespace platform = orv::platform;
-using platform::TWindowEvent;
-using platform::TWindowKey;
+using gallery::TGallery;
+using gallery::TPageName;
 
-constexpr int Width = 1180;
-constexpr int Height = 860;
-constexpr float WheelStep = 48;
-
-class TGallery {
- public:
-  void Paint(fmx::TCanvas& canvas) {
-    if (!canvas.BeginScene()) return;
-    const gallery::TTheme& theme = FIsDark ? gallery::Dark : gallery::Light;
-    canvas.Clear(theme.Page);
-    FPage.Paint(canvas, theme, {gallery::TSidebar::Width, 0, canvas.Width(), canvas.Height()});
-    FSidebar.Paint(canvas, theme, canvas.Height());
-    canvas.EndScene();
-  }
-
-  void Press(fmx::TPointF point) { FSidebar.Press(point); }
-  void Scroll(fmx::TPointF point, float by, float height) {
-    if (point.X < gallery::TSidebar::Width)
-      FSidebar.Scroll(by, height);
-    else
-      FPage.Scroll(by);
-  }
-  void ListSwitches() {
-    FSidebar.ForEach([](const gallery::TSwitch& each, const fmx::TRectF& place) {
-      const fmx::TPointF center = place.Center();
-      std::printf("%d %d %s\n", static_cast<int>(center.X), static_cast<int>(center.Y),
-                  rtl::ToUtf8(each.Caption).c_str());
-    });
-  }
-  void SetDark(bool dark) { FIsDark = dark; }
-
- private:
-  bool FIsDark = false;
-  gallery::TSidebar FSidebar{gallery::MakeSwitches(FIsDark)};
-  gallery::TPage FPage;
+struct TOptions {
+  TPageName Page = TPageName::Text;
+  float Scale = 1;
+  bool Logs = false;
+  bool ListsSwitches = false;
+  bool ListsBoxes = false;
+  const char* Folder = nullptr;
 };
 
-void WritePictures(const std::filesystem::path& folder, float scale) {
-  std::filesystem::create_directories(folder);
-  TGallery shown;
-  for (const bool dark : {false, true}) {
-    platform::THeadlessWindow window;
-    shown.SetDark(dark);
-    const auto pixels = [scale](int units) { return static_cast<int>(static_cast<float>(units) * scale); };
-    shown.Paint(*fmx::TCanvasManager::CreateFromWindow(static_cast<platform::TCanvasWindow*>(&window), pixels(Width),
-                                                       pixels(Height), scale));
-    const auto path = folder / (dark ? "gallery-dark.png" : "gallery-light.png");
-    platform::WritePng(path, platform::FrameOf(window.Shown()));
-    std::printf("%s\n", path.c_str());
-  }
-}
-
-float ScrollOf(TWindowKey key, float height) {
-  switch (key) {
-    case TWindowKey::Up:
-      return -WheelStep;
-    case TWindowKey::Down:
-      return WheelStep;
-    case TWindowKey::PageUp:
-      return -height;
-    case TWindowKey::PageDown:
-    case TWindowKey::Blank:
-      return height;
-    case TWindowKey::Home:
-      return -1e6F;
-    case TWindowKey::End:
-      return 1e6F;
-    default:
-      return 0;
-  }
-}
-
-// Acts on the event; false where it ends the program.
-bool Act(TGallery& shown, fmx::TCanvas& canvas, const TWindowEvent& event) {
-  const fmx::TPointF point{static_cast<float>(event.X), static_cast<float>(event.Y)};
-  switch (event.Kind) {
-    case TWindowEvent::TKind::Close:
+// False for arguments that are none.
+bool Read(const std::vector<std::string_view>& arguments, TOptions& options) {
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    const std::string_view name = arguments[i];
+    const std::string_view next = i + 1 < arguments.size() ? arguments[i + 1] : std::string_view();
+    const auto takeScale = [&options](std::string_view text) {
+      options.Scale = std::strtof(text.data(), nullptr);
+      return options.Scale >= 0.25F && options.Scale <= 8;
+    };
+    if (name == "--log")
+      options.Logs = true;
+    else if (name == "--switches")
+      options.ListsSwitches = true;
+    else if (name == "--boxes")
+      options.ListsBoxes = true;
+    else if (name == "--page" && (next == "text" || next == "edit"))
+      options.Page = arguments[++i] == "text" ? TPageName::Text : TPageName::Edit;
+    else if (name == "--scale" && !next.empty() && takeScale(next))
+      ++i;
+    else if (name == "-o" && !next.empty() && i == 0 && arguments.size() <= 3)
+      options.Folder = arguments[++i].data();
+    else if (i != 2 || options.Folder == nullptr || !takeScale(name))
       return false;
-    case TWindowEvent::TKind::Resized:
-      canvas.Resize(event.Width, event.Height, 1);
-      return true;
-    case TWindowEvent::TKind::Key:
-      if (event.Key == TWindowKey::Escape || event.Key == TWindowKey::Q) return false;
-      shown.Scroll({canvas.Width(), 0}, ScrollOf(event.Key, canvas.Height()), canvas.Height());
-      return true;
-    case TWindowEvent::TKind::Wheel:
-      shown.Scroll(point, -event.Steps * WheelStep, canvas.Height());
-      return true;
-    case TWindowEvent::TKind::Press:
-      shown.Press(point);
-      return true;
-    default:
-      return true;
   }
+  return true;
 }
 
-void ShowWindow() {
-  platform::TWindow window("Orv", Width, Height);
+void WritePicture(TGallery& shown, float scale, const std::filesystem::path& path) {
+  platform::THeadlessWindow window;
+  const auto pixels = [scale](float units) { return static_cast<int>(units * scale); };
   const auto canvas = fmx::TCanvasManager::CreateFromWindow(static_cast<platform::TCanvasWindow*>(&window),
-                                                            window.Width(), window.Height(), 1);
-  TGallery shown;
-  for (;;) {
+                                                            pixels(TGallery::Width), pixels(TGallery::Height), scale);
+  shown.SetCanvas(canvas.get());
+  // The first painting measures what the second one places.
+  for (int i = 0; i < 2 && canvas->BeginScene(); ++i) {
     shown.Paint(*canvas);
-    if (!Act(shown, *canvas, window.Wait())) return;
-    while (const auto event = window.Poll())
-      if (!Act(shown, *canvas, *event)) return;
+    canvas->EndScene();
   }
+  shown.SetCanvas(nullptr);
+  platform::WritePng(path, platform::FrameOf(window.Shown()));
+  std::printf("%s\n", path.c_str());
+}
+
+void WritePictures(const TOptions& options) {
+  const std::filesystem::path folder = options.Folder;
+  std::filesystem::create_directories(folder);
+  for (const TPageName page : {TPageName::Text, TPageName::Edit})
+    for (const bool dark : {false, true}) {
+      TGallery shown;
+      shown.SetDark(dark);
+      shown.Show(page);
+      const std::string name = std::string(page == TPageName::Text ? "gallery" : "edits") + (dark ? "-dark" : "-light");
+      WritePicture(shown, options.Scale, folder / (name + ".png"));
+    }
+}
+
+void ShowWindow(const TOptions& options) {
+  TGallery shown;
+  shown.Show(options.Page);
+  platform::TFormWindow window(shown, options.Scale);
+  std::string told;
+  if (options.Logs) {
+    std::printf("window on %s\n", window.DriverName().c_str());
+    window.OnSettled = [&] {
+      std::string state = shown.State();
+      if (state == told) return;
+      told = std::move(state);
+      std::printf("%s\n", told.c_str());
+      std::fflush(stdout);
+    };
+  }
+  window.Run();
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
+  TOptions options;
+  if (!Read({argv + 1, argv + argc}, options)) {
+    std::fprintf(stderr,
+                 "usage: gallery [--page text|edit] [--scale FACTOR] [--log | --switches | --boxes]\n"
+                 "       gallery -o FOLDER [SCALE]\n");
+    return 2;
+  }
   platform::StartPlatform();
   platform::RegisterFontGlyphs(platform::TFontChain::Naskh());
   orv::Install();
-  if (argc == 2 && std::string_view(argv[1]) == "--switches") {
-    TGallery().ListSwitches();
-    return 0;
-  }
-  const bool writes = argc > 2 && std::string_view(argv[1]) == "-o";
-  if (argc > 1 && !writes) {
-    std::fprintf(stderr, "usage: gallery [--switches | -o FOLDER [SCALE]]\n");
-    return 2;
-  }
   try {
-    if (writes)
-      WritePictures(argv[2], argc > 3 ? std::strtof(argv[3], nullptr) : 1);
-    else
-      ShowWindow();
+    if (options.Folder != nullptr) {
+      WritePictures(options);
+    } else if (options.ListsSwitches || options.ListsBoxes) {
+      TGallery listed;
+      listed.Show(options.Page);
+      std::fputs((options.ListsSwitches ? listed.ListSwitches() : listed.ListBoxes()).c_str(), stdout);
+    } else {
+      ShowWindow(options);
+    }
   } catch (const rtl::Exception& error) {
     std::fprintf(stderr, "%s\n", error.what());
     return 1;

@@ -107,14 +107,15 @@ std::unique_ptr<TControl> DefaultEditStyle() {
   AddPart(*style, "leftbuttons", std::make_unique<TControl>());
   AddPart(*style, "buttons", std::make_unique<TControl>());
   AddPart(*style, "prompt", std::make_unique<TTextObject>()).SetOpacity(PromptOpacity);
-  AddPart(*style, "content", std::make_unique<TControl>()).SetMargins(ContentMargins);
+  auto& content = AddPart(*style, "content", std::make_unique<TControl>());
+  content.SetMargins(ContentMargins);
   AddPart(*style, "selection", std::make_unique<TBrushObject>(TBrush(colors.Selection)));
   AddPart(*style, "foreground", std::make_unique<TBrushObject>(TBrush(colors.Text)));
   AddPart(*style, "selectionfg", std::make_unique<TBrushObject>(TBrush(colors.SelectedText)));
   AddPart(*style, "caretcolor", std::make_unique<TColorObject>(colors.Caret));
   AddPart(*style, "font", std::make_unique<TFontObject>(TFont(DefaultFontFamily(), DefaultFontSize())));
-  AddHandle(*style, "leftselectionpoint", colors.Caret);
-  AddHandle(*style, "rightselectionpoint", colors.Caret);
+  AddHandle(content, "leftselectionpoint", colors.Caret);  // their places are those of the text
+  AddHandle(content, "rightselectionpoint", colors.Caret);
   return style;
 }
 

@@ -244,7 +244,7 @@ void TForm::ShowMenuOfFocused() {
 }
 
 void TForm::OpenMenu(TPopupMenu& menu, TPointF point) {
-  FMenuPanel.Open(menu, point, Size(), FFontFamily);
+  FMenuPanel.Open(menu, point, Size());
   Invalidate();
 }
 

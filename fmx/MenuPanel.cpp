@@ -30,13 +30,12 @@ void TakeFont(TCanvas& canvas, const TMenuItem& item, const std::u16string& fami
 
 }  // namespace
 
-void TMenuPanel::Open(TPopupMenu& menu, TPointF place, TSizeF formSize, std::u16string_view fontFamily) {
+void TMenuPanel::Open(TPopupMenu& menu, TPointF place, TSizeF formSize) {
   FMenu = &menu;
   FChosen = nullptr;
   FHighlighted = -1;
   FScrolled = 0;
   FFormSize = formSize;
-  FFontFamily = fontFamily;
   FRows.clear();
   float width = LeastWidth;
   float top = Frame;

@@ -20,7 +20,9 @@ class TMenuPanel {
  public:
   // With its upper left corner at that place, or as near as it fits. The menu is borrowed while it is open, and its
   // items stay as they are.
-  void Open(TPopupMenu& menu, TPointF place, TSizeF formSize, std::u16string_view fontFamily);
+  void Open(TPopupMenu& menu, TPointF place, TSizeF formSize);
+  // Of its captions; the default family at first.
+  void SetFontFamily(std::u16string_view family) { FFontFamily = family; }
   bool IsOpen() const { return FMenu != nullptr; }
   // Without choosing.
   void Close() { FMenu = nullptr; }

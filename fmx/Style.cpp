@@ -62,6 +62,7 @@ bool TSelectionPoint::PointInObject(TPointF point) const {
 }
 
 void TSelectionPoint::Paint(TCanvas& canvas) {
+  if (!FFingersSelect) return;
   const TRectF grip{-FGripSize, -FGripSize, FGripSize, FGripSize};
   canvas.FillEllipse(grip, AbsoluteOpacity(), TBrush(FColor));
 }

@@ -116,14 +116,20 @@ class TSelectionPoint : public TControl {
   // Called while it is dragged, with the place in its parent's coordinates where it is to go, which may be changed.
   std::function<void(TSelectionPoint& sender, float& x, float& y)> OnChangePosition;
 
+  // Whether such handles are drawn and taken at all: while fingers select. True at first; main thread.
+  static bool FingersSelect() { return FFingersSelect; }
+  static void SetFingersSelect(bool fingers) { FFingersSelect = fingers; }
+
   void MouseMove(const TMouseEvent& event) override;
-  bool TakesPointer() const override { return true; }
+  bool TakesPointer() const override { return FFingersSelect; }
   bool PointInObject(TPointF point) const override;
 
  protected:
   void Paint(TCanvas& canvas) override;
 
  private:
+  static inline bool FFingersSelect = true;
+
   float FGripSize = 6;
   TAlphaColor FColor = TAlphaColors::Black;
 };

@@ -69,7 +69,7 @@ void TEditPage::AddAlignments() {
   } columns[] = {{{"leading", "leading-latin"}, {u"Leading: from left to right", u"Leading, Latin"}},
                  {{"center", "center-latin"}, {u"Center", u"Center, Latin"}},
                  {{"trailing", "trailing-latin"}, {u"Trailing: from right to left", u"Trailing, Latin"}}};
-  constexpr std::u16string_view texts[] = {u"سلام دنیا (Orv 2)", u"The name سعدی, 1258"};
+  constexpr std::u16string_view texts[] = {u"Orv 2: سلام دنیا", u"The name سعدی, 1258"};
   for (int row = 0; row < AlignmentRows; ++row)
     for (int column = 0; column < 3; ++column)
       Add({columns[column].Names[row], columns[column].Captions[row], nullptr, row, column, 3}, texts[row])
@@ -162,9 +162,12 @@ void TEditPage::Refresh() {
 }
 
 void TEditPage::FocusFirst() {
+  constexpr std::int32_t word = 3;
   fmx::TEdit& first = *FBoxes.front().Edit;
   first.SetFocus();
-  first.Model().SetSelLength(0);
+  first.Model().PlaceCaret(word);
+  first.Model().SetSelStart(word);
+  first.Model().SetSelLength(-word);
 }
 
 std::string_view TEditPage::Current() {

@@ -25,7 +25,7 @@ class TEditPage : public fmx::TControl {
   void Refresh();
   // The styles of the boxes are made anew, after a change of the palette.
   void Restyle();
-  // Gives the focus to the first box, with the caret behind its text.
+  // Gives the focus to the first box, with its first word selected.
   void FocusFirst();
 
   // Moves the content up by that much, within its bounds.

@@ -72,6 +72,7 @@ TGallery::TGallery()
       FEditPage(&AddControl(std::make_unique<TEditPage>())),
       FSwitches(&AddControl(std::make_unique<TSwitches>(*this))) {
   SetCaption(u"Orv");
+  MenuPanel().SetFontFamily(u"DejaVu Sans");
   OnResize = [this] { Arrange(); };
   SetSize({Width, Height});
   OnKeyDown = [this](fmx::TKeyEvent& event) { Shortcut(event); };

@@ -15,6 +15,7 @@
 
 #include "examples/gallery/Gallery.h"
 #include "fmx/CanvasManager.h"
+#include "fmx/Style.h"
 #include "platform/CanvasWindow.h"
 #include "platform/Exceptions.h"
 #include "platform/FontGlyphs.h"
@@ -85,6 +86,7 @@ void WritePicture(TGallery& shown, float scale, const std::filesystem::path& pat
 void WritePictures(const TOptions& options) {
   const std::filesystem::path folder = options.Folder;
   std::filesystem::create_directories(folder);
+  fmx::TSelectionPoint::SetFingersSelect(false);
   for (const TPageName page : {TPageName::Text, TPageName::Edit})
     for (const bool dark : {false, true}) {
       TGallery shown;

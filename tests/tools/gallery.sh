@@ -9,14 +9,16 @@ pictures=$ORV_SOURCE_DIR/docs/pictures
 
 run -o made
 expect_done
-for picture in gallery-light gallery-dark; do
+for picture in gallery-light gallery-dark edits-light edits-dark; do
   if ! "$COMPARE" "$pictures/$picture.png" "made/$picture.png"; then
     cp "made/$picture.png" "$pictures/$picture.png.new"
     fail "differs from docs/pictures/$picture.png (./dev accept takes the new one)"
   fi
 done
-run --scale
-[ "$status" -eq 2 ] || fail "strange arguments: status $status"
+for strange in --scale '--scale 0' '--page other' '-o' 'x' '-o made 0'; do
+  run $strange
+  [ "$status" -eq 2 ] || fail "strange arguments: status $status"
+done
 
 run --switches
 expect_done

@@ -70,8 +70,10 @@ class TBoxStyle : public TControl {
   TRectangle& FBackground;
 };
 
-void AddHandle(TControl& style, std::string_view name, TAlphaColor color) {
+// Its places are those of the text.
+void AddHandle(TControl& style, TControl& content, std::string_view name, TAlphaColor color) {
   auto& handle = AddPart(style, name, std::make_unique<TSelectionPoint>());
+  handle.SetParent(&content);
   handle.SetColor(color);
   handle.SetVisible(false);
 }
@@ -114,8 +116,8 @@ std::unique_ptr<TControl> DefaultEditStyle() {
   AddPart(*style, "selectionfg", std::make_unique<TBrushObject>(TBrush(colors.SelectedText)));
   AddPart(*style, "caretcolor", std::make_unique<TColorObject>(colors.Caret));
   AddPart(*style, "font", std::make_unique<TFontObject>(TFont(DefaultFontFamily(), DefaultFontSize())));
-  AddHandle(content, "leftselectionpoint", colors.Caret);  // their places are those of the text
-  AddHandle(content, "rightselectionpoint", colors.Caret);
+  AddHandle(*style, content, "leftselectionpoint", colors.Caret);
+  AddHandle(*style, content, "rightselectionpoint", colors.Caret);
   return style;
 }
 

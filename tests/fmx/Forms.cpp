@@ -439,11 +439,10 @@ TEST_F(Menus, ItIsPaintedWithItsCaptions) {
     return canvas.Calls().size();
   };
   const std::size_t plain = painted();
-  EXPECT_GT(plain, 0U);
   Key(Keys::Down);
   EXPECT_EQ(painted(), plain + 1);
   Panel().Close();
-  EXPECT_EQ(painted(), 0U);
+  EXPECT_GE(plain, painted() + 4);  // its box, and three captions at least
 }
 
 }  // namespace

@@ -29,7 +29,7 @@ function(orv_shared NAME FILE LOAD)
 endfunction()
 
 orv_shared(orv_host fmx ${PROJECT_SOURCE_DIR}/platform/HostLoad.cpp ROOMS ${hostRooms})
-foreach(package IN ITEMS CAIRO FREETYPE FONTCONFIG HARFBUZZ SDL2 PNG)  # found for the adapters
+foreach(package IN ITEMS CAIRO ENCHANT FREETYPE FONTCONFIG HARFBUZZ SDL2 PNG)  # found for the adapters
   target_link_libraries(orv_host PRIVATE ${${package}_LDFLAGS})
 endforeach()
 add_library(Orv::host ALIAS orv_host)

@@ -9,6 +9,7 @@
 #include "platform/Clipboard.h"
 #include "platform/FontGlyphs.h"
 #include "platform/FormWindow.h"
+#include "platform/Spelling.h"
 #include "rtl/Utf8.h"
 
 namespace orv::platform {
@@ -47,6 +48,7 @@ void StartPlatform() {
   services->AddPlatformService(fmx::IFontService::Guid, std::make_shared<TFontService>());
   services->AddPlatformService(fmx::IFolderService::Guid, std::make_shared<TFolderService>());
   services->AddPlatformService(fmx::IFMXClipboardService::Guid, std::make_shared<TClipboardService>());
+  services->AddPlatformService(fmx::IFMXSpellCheckerService::Guid, std::make_shared<TSpellChecker>());
   fmx::TPlatformServices::SetCurrent(std::move(services));
   AddWindowServices();
   RegisterFontGlyphs();

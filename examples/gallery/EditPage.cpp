@@ -56,6 +56,7 @@ fmx::TEdit& TEditPage::Add(const TBox& box, std::u16string_view text) {
   fmx::TTextSettingsInfo& info = edit.Model().TextSettingsInfo();
   info.SetStyledSettings(info.StyledSettings() - fmx::TStyledSettings{fmx::TStyledSetting::Size});
   edit.Model().TextSettings().Font().SetSize(FontSize);
+  edit.Presentation();  // a presentation hears of what is set from now on
   edit.SetText(text);
   FBoxes.push_back(box);
   FBoxes.back().Edit = &edit;

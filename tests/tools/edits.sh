@@ -160,6 +160,23 @@ is '"text":"Cut"'
 xdotool mousemove --window "$window" 1000 820 click 1
 is '"menu":[]' '"box":"leading-latin"'
 
+# --- Spelling ---
+
+doing='a misspelt word'
+click spelling
+xdotool key Home
+is '"caret":0' '"text":"a sentense with بادابم"'
+read -r x y <<<"$(box spelling)"
+place=$(awk '$5 == "spelling" { print $1 }' <<<"$boxes")
+picture edits-spelling spelling
+xdotool mousemove --window "$window" $((place + 60)) "$y" click 3 # on it
+is '"menu":[{"text":"sentence","enabled":true'
+choose sentence
+is '"text":"a sentence with بادابم"'
+xdotool key End
+is '"caret":22'
+picture edits-corrected spelling
+
 # --- The focus ---
 
 doing='Tab'

@@ -44,6 +44,7 @@ viewer=$!
 window=$(xdotool search --sync --name '^Orv$' | head -1)
 xdotool windowmove "$window" 0 0 windowfocus --sync "$window"
 wait_for 60 has_ink || fail "it is blank: $(cat "$err")"
+xdotool mousemove 5 5 # the pointer is seen in pictures
 sleep 0.5
 start=$(page)
 
@@ -100,7 +101,7 @@ wait_for 30 page_is_not "$start" || fail "the page does not reflow"
 narrow=$(page)
 xdotool mousemove --window "$window" 600 400 click 5
 wait_for 30 page_is_not "$narrow" || fail "the wheel does not scroll the page"
-xdotool key Home
+xdotool mousemove 5 5 key Home
 wait_for 30 page_is "$narrow" || fail "not back at the start"
 
 doing='Esc'

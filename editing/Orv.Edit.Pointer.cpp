@@ -27,7 +27,7 @@ void TOrvStyledEdit::MouseDown(const fmx::TMouseEvent& event) {
   TStyledPresentation::MouseDown(event);
   DropWaitingHalf();
   if (event.Button != fmx::TMouseButton::Left || !Model().InputSupport()) return UpdateCaretPosition();
-  const std::int32_t position = PressedPosition(ToContent(event.Point).X);
+  const std::int32_t position = PressedPosition(event.Point.X);
   {
     const fmx::TModelUpdate update(Model());
     // The other end of a selection stays where it is.
@@ -44,8 +44,7 @@ void TOrvStyledEdit::MouseDown(const fmx::TMouseEvent& event) {
   }
 }
 
-// In the content's coordinates. One further than the press where the pointer is past the right edge, so that the text
-// goes on scrolling.
+// One further than the press where the pointer is past the right edge, so that the text goes on scrolling.
 std::int32_t TOrvStyledEdit::DragPosition(float x) {
   const std::int32_t position = HitPosition(x);
   if (!(x > ContentRect().Right)) return position;
@@ -65,11 +64,11 @@ void TOrvStyledEdit::MouseMove(const fmx::TMouseEvent& event) {
       ShowLoupe();
     }
     DropSelectionForLongPress();
-    SetCaretPosition(DragPosition(ToContent(event.Point).X));
+    SetCaretPosition(DragPosition(event.Point.X));
   } else if (FSelectionMode == TSelectionMode::Selecting) {
     const std::int32_t old = GetCaretPosition();
     const fmx::TModelUpdate update(Model());
-    SetCaretPosition(DragPosition(ToContent(event.Point).X));
+    SetCaretPosition(DragPosition(event.Point.X));
     Model().SetSelStart(GetCaretPosition());
     Model().SetSelLength(fmx::SaturatedDifference(Model().SelLength(), Model().SelStart() - old));
   }
@@ -266,8 +265,8 @@ void TOrvStyledEdit::SetLoupePosition(TSelectionPointType type) {
   const float edge = isLeft ? rect.Left : rect.Right;
   const float x = asHandle ? handle->Position().X : edge;
   const fmx::TSizeF size = FLoupeService->GetSize();
-  FLoupeService->SetMagnifiedPoint(ContentToAbsolute({x, (rect.Top + rect.Bottom) / 2}));
-  FLoupeService->SetPosition(ContentToAbsolute({x - size.Width / 2, rect.Top - size.Height - LoupeDistance}));
+  FLoupeService->SetMagnifiedPoint(LocalToAbsolute({x, (rect.Top + rect.Bottom) / 2}));
+  FLoupeService->SetPosition(LocalToAbsolute({x - size.Width / 2, rect.Top - size.Height - LoupeDistance}));
 }
 
 void TOrvStyledEdit::SetLoupePosition(fmx::TPointF point) {

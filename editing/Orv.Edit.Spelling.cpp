@@ -220,7 +220,7 @@ bool TOrvStyledEdit::ShowContextMenu(fmx::TPointF point) {
   if (fmx::IRoot* const root = Root()) menu.Parent = root->GetObject();
   UpdatePopupMenuItems();
   if (Model().CheckSpelling() && FSpellService != nullptr && !FSpellingRegions.empty())
-    UpdateSpellPopupMenu(ToContent(ScreenToLocal(point)));
+    UpdateSpellPopupMenu(ScreenToLocal(point));
   menu.PopupComponent = this;
   // Also where the platform fails to show it.
   struct TParentGuard {

@@ -120,14 +120,6 @@ fmx::TRectF TOrvStyledEdit::ContentRect() const {
   return FContent != nullptr ? FContent->LocalRect() : LocalRect();
 }
 
-fmx::TPointF TOrvStyledEdit::ToContent(fmx::TPointF point) const {
-  return FContent != nullptr ? FContent->AbsoluteToLocal(LocalToAbsolute(point)) : point;
-}
-
-fmx::TPointF TOrvStyledEdit::ContentToAbsolute(fmx::TPointF point) const {
-  return FContent != nullptr ? FContent->LocalToAbsolute(point) : LocalToAbsolute(point);
-}
-
 fmx::TBounds TOrvStyledEdit::ContentPadding() const {
   return FContent != nullptr ? FContent->Padding() : fmx::TBounds{};
 }
@@ -272,7 +264,7 @@ void TOrvStyledEdit::Dispatch(fmx::TMessage& message) {
     case MMCheckSpellingChanged:
       return CheckSpellingChanged(message.As<bool>());
     case MMGetCaretPositionByPoint:
-      message.Value = HitPosition(ToContent(message.As<TPointF>()).X);
+      message.Value = HitPosition(message.As<TPointF>().X);
       return;
     case MMReadOnlyChanged:
       LeaveComposition();

@@ -176,9 +176,6 @@ class TOrvStyledEdit : public fmx::TStyledPresentation,
   bool IsFocused() const { return FEdit.IsFocused(); }
   bool IsEditable() const { return !Model().ReadOnly() && Model().InputSupport(); }
   const fmx::TTextSettings& ResultingSettings() const { return Model().TextSettingsInfo().Resulting(); }
-  // Between the coordinates of the control, or of the root, and those of the content.
-  fmx::TPointF ToContent(fmx::TPointF point) const;
-  fmx::TPointF ContentToAbsolute(fmx::TPointF point) const;
   void UpdateDirection(std::u16string_view text);
   float CaretPlace();
   void UpdateCaretPosition();

@@ -9,13 +9,7 @@
 #include "rtl/Unicode.h"
 
 namespace orv {
-namespace {
-
-std::int32_t LengthOf(std::u16string_view text) {
-  return static_cast<std::int32_t>(text.size());
-}
-
-}  // namespace
+using rtl::LengthOf;
 
 fmx::TEditRules TOrvStyledEdit::RulesInForce() {
   using fmx::TEditRule;

@@ -20,9 +20,7 @@ using fmx::TTextAlign;
 // The view never moves for a text that leaves this much room.
 constexpr float ScrollMargin = 15;
 
-std::int32_t LengthOf(std::u16string_view text) {
-  return static_cast<std::int32_t>(text.size());
-}
+using rtl::LengthOf;
 
 TRectF FirstOf(const TRegion& region) {
   return region.empty() ? TRectF{} : region.front();

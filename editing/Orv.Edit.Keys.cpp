@@ -6,6 +6,7 @@
 #include "editing/Orv.Edit.Style.h"
 #include "fmx/CanvasManager.h"
 #include "fmx/TextWords.h"
+#include "rtl/Strings.h"
 #include "rtl/Unicode.h"
 
 namespace orv {
@@ -18,9 +19,7 @@ using fmx::TShiftState;
 constexpr TShiftState ShiftAlone{TShiftItem::Shift};
 constexpr TShiftState DirectionKeys{TShiftItem::Shift, TShiftItem::Ctrl};
 
-std::int32_t LengthOf(std::u16string_view text) {
-  return static_cast<std::int32_t>(text.size());
-}
+using rtl::LengthOf;
 
 constexpr bool MovesCaret(Keys::TCode key) {
   return key == Keys::End || key == Keys::Home || key == Keys::Left || key == Keys::Right;

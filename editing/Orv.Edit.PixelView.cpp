@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "editing/Orv.Edit.Direction.h"
+#include "rtl/Strings.h"
 
 namespace orv {
 namespace {
@@ -12,9 +13,7 @@ using fmx::TRectF;
 using fmx::TRegion;
 using fmx::TTextAlign;
 
-std::int32_t LengthOf(std::u16string_view text) {
-  return static_cast<std::int32_t>(text.size());
-}
+using rtl::LengthOf;
 
 }  // namespace
 

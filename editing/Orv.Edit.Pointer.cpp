@@ -6,6 +6,7 @@
 #include "editing/Orv.Edit.Corrections.h"
 #include "editing/Orv.Edit.Style.h"
 #include "fmx/EditText.h"
+#include "rtl/Strings.h"
 
 namespace orv {
 namespace {
@@ -15,9 +16,7 @@ constexpr float LoupeZoom = 1.4F;
 // How far it stands above a handle.
 constexpr float LoupeDistance = 10;
 
-std::int32_t LengthOf(std::u16string_view text) {
-  return static_cast<std::int32_t>(text.size());
-}
+using rtl::LengthOf;
 
 }  // namespace
 

@@ -9,6 +9,7 @@
 #include "fmx/CanvasManager.h"
 #include "fmx/Exceptions.h"
 #include "fmx/TextLayoutManager.h"
+#include "rtl/Strings.h"
 #include "textlayout/Orv.TextLayout.GPU.h"
 #include "unicode/Unicode.Engine.Types.h"
 
@@ -26,9 +27,7 @@ std::unique_ptr<fmx::TTextLayout> NewDefaultLayout() {
   return fmx::TTextLayout::New(registered != nullptr ? registered : TTextLayoutNGOrv::Class());
 }
 
-std::int32_t LengthOf(std::u16string_view text) {
-  return static_cast<std::int32_t>(text.size());
-}
+using rtl::LengthOf;
 
 // Messages that ask and change nothing.
 constexpr bool IsQuestion(fmx::TMessageId id) {

@@ -70,10 +70,8 @@ class TBoxStyle : public TControl {
   TRectangle& FBackground;
 };
 
-// Its places are those of the text.
-void AddHandle(TControl& style, TControl& content, std::string_view name, TAlphaColor color) {
+void AddHandle(TControl& style, std::string_view name, TAlphaColor color) {
   auto& handle = AddPart(style, name, std::make_unique<TSelectionPoint>());
-  handle.SetParent(&content);
   handle.SetColor(color);
   handle.SetVisible(false);
 }
@@ -109,15 +107,14 @@ std::unique_ptr<TControl> DefaultEditStyle() {
   AddPart(*style, "leftbuttons", std::make_unique<TControl>());
   AddPart(*style, "buttons", std::make_unique<TControl>());
   AddPart(*style, "prompt", std::make_unique<TTextObject>()).SetOpacity(PromptOpacity);
-  auto& content = AddPart(*style, "content", std::make_unique<TControl>());
-  content.SetMargins(ContentMargins);
+  AddPart(*style, "content", std::make_unique<TControl>()).SetMargins(ContentMargins);
   AddPart(*style, "selection", std::make_unique<TBrushObject>(TBrush(colors.Selection)));
   AddPart(*style, "foreground", std::make_unique<TBrushObject>(TBrush(colors.Text)));
   AddPart(*style, "selectionfg", std::make_unique<TBrushObject>(TBrush(colors.SelectedText)));
   AddPart(*style, "caretcolor", std::make_unique<TColorObject>(colors.Caret));
   AddPart(*style, "font", std::make_unique<TFontObject>(TFont(DefaultFontFamily(), DefaultFontSize())));
-  AddHandle(*style, content, "leftselectionpoint", colors.Caret);
-  AddHandle(*style, content, "rightselectionpoint", colors.Caret);
+  AddHandle(*style, "leftselectionpoint", colors.Caret);
+  AddHandle(*style, "rightselectionpoint", colors.Caret);
   return style;
 }
 

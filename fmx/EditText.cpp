@@ -8,9 +8,7 @@
 namespace fmx {
 namespace {
 
-std::int32_t LengthOf(std::u16string_view text) {
-  return static_cast<std::int32_t>(text.size());
-}
+using rtl::LengthOf;
 
 constexpr bool IsLineEnd(char16_t c) {
   return (c >= u'\n' && c <= u'\r') || c == 0x85 || c == 0x2028 || c == 0x2029;

@@ -10,6 +10,7 @@
 #include "fmx/Style.h"
 #include "fmx/TextLayoutManager.h"
 #include "fmx/TextWords.h"
+#include "rtl/Strings.h"
 #include "rtl/Unicode.h"
 
 namespace fmx {
@@ -18,9 +19,7 @@ namespace {
 constexpr char16_t PasswordDot = u'\u2022';
 constexpr TShiftState ShiftAlone{TShiftItem::Shift};
 
-std::int32_t LengthOf(std::u16string_view text) {
-  return static_cast<std::int32_t>(text.size());
-}
+using rtl::LengthOf;
 
 std::unique_ptr<TTextLayout> NewLayout() {
   const orv::TClass registered = TTextLayoutManager::GetDefaultLayout();

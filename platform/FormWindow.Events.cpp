@@ -39,7 +39,7 @@ std::u16string TakeTextOf(const SDL_Keysym& key) {
   if (!mayType || SDL_PeepEvents(&next, 1, SDL_PEEKEVENT, SDL_KEYDOWN, SDL_TEXTEDITING_EXT) != 1 ||
       next.type != SDL_TEXTINPUT || SDL_PeepEvents(&next, 1, SDL_GETEVENT, SDL_TEXTINPUT, SDL_TEXTINPUT) != 1)
     return {};
-  return rtl::FromUtf8(next.text.text);
+  return TypedText(next.text.text);
 }
 
 }  // namespace
@@ -55,7 +55,7 @@ void TFormWindow::TState::Act(const SDL_Event& event) {
       return;
     case SDL_TEXTINPUT:
       if (event.text.windowID == id)
-        Keyboard.Text(rtl::FromUtf8(event.text.text), ModifiersOf(static_cast<std::uint16_t>(SDL_GetModState())));
+        Keyboard.Text(TypedText(event.text.text), ModifiersOf(static_cast<std::uint16_t>(SDL_GetModState())));
       return;
     case SDL_TEXTEDITING:
       if (event.edit.windowID == id) Compose(event.edit.text, event.edit.start);

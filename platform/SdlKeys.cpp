@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "rtl/Utf8.h"
+
 namespace orv::platform {
 namespace {
 
@@ -42,6 +44,11 @@ constexpr bool IsLetter(SDL_Keycode key) {
 constexpr char16_t Lower(char16_t c) {
   return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c;
 }
+
+// The alef, madda or hamza with it, of U+FEF5 to U+FEFC, two forms of each.
+constexpr char16_t FirstLamAlef = 0xFEF5;
+constexpr char16_t LamAlefs[] = {0x622, 0x622, 0x623, 0x623, 0x625, 0x625, 0x627, 0x627};
+constexpr char16_t Lam = 0x644;
 
 }  // namespace
 
@@ -91,6 +98,18 @@ fmx::TPlatformModifiers ModifiersOf(const SDL_Keysym& key, std::u16string_view t
 
 bool TypesText(std::uint16_t modifiers) {
   return (modifiers & KMOD_CTRL) == 0 || (modifiers & KMOD_LALT) == 0;
+}
+
+std::u16string TypedText(const char* utf8) {
+  std::u16string text;
+  for (const char16_t c : rtl::FromUtf8(utf8)) {
+    const auto form = static_cast<std::size_t>(c - FirstLamAlef);
+    if (c >= FirstLamAlef && form < std::size(LamAlefs))
+      text.append({Lam, LamAlefs[form]});
+    else
+      text.push_back(c);
+  }
+  return text;
 }
 
 char16_t PlainCharacterOf(const SDL_Keysym& key) {

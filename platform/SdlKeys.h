@@ -4,6 +4,7 @@
 #include <SDL_keyboard.h>
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "fmx/Keys.h"
@@ -26,6 +27,10 @@ fmx::TPlatformModifiers ModifiersOf(std::uint16_t modifiers);
 
 // Whether the text that a key typed counts: not with Ctrl and the left Alt.
 bool TypesText(std::uint16_t modifiers);
+
+// The text that a keyboard has typed. The lam-alef of Arabic keyboards, which comes as the presentation form of the
+// ligature, is the two letters that are written.
+std::u16string TypedText(const char* utf8);
 
 // The character of a key by itself, in ASCII; U+0000 for none. For a window in which nobody waits for text.
 char16_t PlainCharacterOf(const SDL_Keysym& key);

@@ -19,4 +19,9 @@ constexpr char16_t UnitAt(std::u16string_view s, std::int64_t index) {
   return index >= 0 && index < static_cast<std::int64_t>(s.size()) ? s[static_cast<std::size_t>(index)] : u'\0';
 }
 
+// How many code units s has, as positions are counted.
+constexpr std::int32_t LengthOf(std::u16string_view s) {
+  return static_cast<std::int32_t>(s.size());
+}
+
 }  // namespace rtl

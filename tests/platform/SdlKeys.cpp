@@ -78,6 +78,12 @@ TEST(SdlKeys, CtrlWithTheLeftAltTypesNothing) {
   EXPECT_TRUE(TypesText(KMOD_SHIFT));
 }
 
+TEST(SdlKeys, TheLamAlefKeyOfArabicKeyboardsTypesItsLetters) {
+  EXPECT_EQ(TypedText("\uFEFB"), u"\u0644\u0627");
+  EXPECT_EQ(TypedText("\uFEF5\uFEF6\uFEF7\uFEF8\uFEF9\uFEFA\uFEFC"), u"لآلآلألألإلإلا");
+  EXPECT_EQ(TypedText("\uFEF4\uFEFDس\U0001F600"), u"\uFEF4\uFEFDس\U0001F600");
+}
+
 TEST(SdlKeys, PlainCharacters) {
   EXPECT_EQ(PlainCharacterOf(Sym('q')), u'q');
   EXPECT_EQ(PlainCharacterOf(Sym(' ')), u' ');

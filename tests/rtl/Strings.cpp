@@ -9,6 +9,7 @@
 namespace {
 
 static_assert(rtl::UnitAt(u"ab", 0) == u'a' && rtl::UnitAt(u"ab", 1) == u'b');
+static_assert(rtl::LengthOf(u"") == 0 && rtl::LengthOf(u"a\U0001F600") == 3);
 static_assert(rtl::UnitAt(u"ab", 2) == 0 && rtl::UnitAt(u"ab", -1) == 0);
 static_assert(rtl::UnitAt({}, 0) == 0);
 static_assert(rtl::UnitAt(u"ab", std::numeric_limits<std::int64_t>::min()) == 0);

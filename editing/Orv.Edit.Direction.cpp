@@ -25,9 +25,9 @@ TTextDirection DirectionOf(const IEditBox& box, std::u16string_view text) {
   TTextDirection direction;
   if (corrections.Contains(TOrvCorrection::NeutralDirection)) direction.NeutralsRightToLeft = boxRightToLeft;
   if (corrections.Contains(TOrvCorrection::Direction)) {
-    const bool asText = box.HorizontalAlignment() == fmx::TTextAlign::Center;
+    const bool isTrailing = box.HorizontalAlignment() == fmx::TTextAlign::Trailing;
     direction.IsSettled = true;
-    direction.RightToLeft = asText ? TDirectiveChars::IsRTLText(text, boxRightToLeft) : boxRightToLeft;
+    direction.RightToLeft = isTrailing ? boxRightToLeft : TDirectiveChars::IsRTLText(text, boxRightToLeft);
   } else if (corrections.Contains(TOrvCorrection::NeutralDirection) && !HasLetter(text)) {
     direction.IsSettled = true;
     direction.RightToLeft = boxRightToLeft;

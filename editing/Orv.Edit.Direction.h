@@ -16,8 +16,8 @@ struct TTextDirection {
 };
 
 // Of the text in the box, by the corrections in force (TOrvCorrection::Direction and NeutralDirection): trailing text
-// reads from right to left and leading text from left to right; centred text as its first letter does, or as the form
-// where it has none.
+// reads from right to left; other text as its first letter does, so that a Persian sentence keeps its order in a leading
+// box too. Without a letter leading text reads from left to right, and centred text as the form.
 TTextDirection DirectionOf(const IEditBox& box, std::u16string_view text);
 
 // Has the layout lay out its text in that direction.

@@ -180,6 +180,14 @@ TEST_F(EditCorrections, WhatIsMeasuredIsWhatIsDrawnInEveryDirection) {
     }
 }
 
+TEST_F(EditCorrections, ASentenceOfTheOtherDirectionKeepsItsOrderInALeadingBox) {
+  Correct(AllCorrections);
+  Show(u"\u0633\u0644 abc");
+  EXPECT_EQ(Seen(), u"abc \u0644\u0633");
+  Show(u"abc \u0633\u0644");
+  EXPECT_EQ(Seen(), u"abc \u0644\u0633");
+}
+
 TEST_F(EditCorrections, CentredTextReadsAsItsFirstLetterOrItsForm) {
   Correct(AllCorrections);
   const auto isRightToLeft = [&](std::u16string_view text, TBiDiMode form) {
